@@ -1,0 +1,304 @@
+#include "frmMain.h"
+#include "AppState.h"
+#include "Artwork.h"
+#include "Backup.h"
+#include "Desktop.h"
+#include "Ini.h"
+#include "Log.h"
+#include "MainCommands.h"
+#include "MessageBox.h"
+#include "Puissance.h"
+#include "Settings.h"
+#include "Val.h"
+#include "frmAbout.h"
+#include "frmLogin.h"
+#include "ui_frmMain.h"
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPrinterInfo>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+
+frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()) {
+    ui->setupUi(this);
+    setWindowTitle(App().AppTitle);
+    // 8880 x 6510 twips at 15 twips a pixel.
+    setMinimumSize(592, 434);
+    ui->ctbThis->setTabEnabled(0, false); // the home page comes later
+    ui->ctbThis->setCurrentIndex(1);
+
+    // Refresh bar of the board page.
+    auto* bar = new QHBoxLayout;
+    auto* lbl = new QLabel(QStringLiteral("刷新时间(秒):"), ui->pageBoard);
+    m_txtTime = new QLineEdit(ui->pageBoard);
+    m_txtTime->setObjectName(QStringLiteral("txtTime"));
+    m_txtTime->setMaximumWidth(60);
+    bar->addStretch(1);
+    bar->addWidget(lbl);
+    bar->addWidget(m_txtTime);
+    ui->layBoard->addLayout(bar);
+    ui->layBoard->addStretch(1);
+    connect(m_txtTime, &QLineEdit::editingFinished, this, &frmMain::txtTime_LostFocus);
+
+    m_tmRefurbish = new QTimer(this);
+    m_tmRefurbish->setObjectName(QStringLiteral("tmRefurbish"));
+
+    buildMenus();
+    buildToolbar();
+    buildStatusBar();
+    buildHelpPanel();
+
+    wire(QStringLiteral("mnuExit"), [this] { close(); });
+    wire(QStringLiteral("mnuRelogin"), [this] { Relogin(); });
+    wire(QStringLiteral("mnuShowToolbar"), [this] { m_tbrMain->setVisible(action(QStringLiteral("mnuShowToolbar"))->isChecked()); });
+    wire(QStringLiteral("mnuShowToolbarText"), [this] {
+        m_tbrMain->setToolButtonStyle(action(QStringLiteral("mnuShowToolbarText"))->isChecked() ? Qt::ToolButtonTextUnderIcon
+                                                                                             : Qt::ToolButtonIconOnly);
+    });
+    wire(QStringLiteral("mnuQNHelp"), [this] {
+        App().IsDynamicHelp = action(QStringLiteral("mnuQNHelp"))->isChecked();
+        m_helpDock->setVisible(App().IsDynamicHelp);
+        if (App().IsDynamicHelp) showHelpFor(QApplication::focusWidget());
+    });
+    wire(QStringLiteral("mnuOtherToolsCalc"), [] {
+        if (!Desktop::startCalculator())
+            Msg::warn(nullptr, QStringLiteral("请检查您的Windows系统是否安装了计算器，如果没有安装，请在系统“控制面板”的“添加/删除程序”中进行安装。"));
+    });
+    wire(QStringLiteral("mnuOtherToolsNotepad"), [] {
+        if (!Desktop::startTextEditor()) Msg::warn(nullptr, QStringLiteral("没有找到可用的文本编辑器程序！"));
+    });
+    wire(QStringLiteral("mnuAbout"), [this] {
+        frmAbout dlg(this);
+        dlg.exec();
+    });
+    wire(QStringLiteral("mnuFindHouse"), [this] {
+        ui->ctbThis->setCurrentIndex(1);
+        if (auto* find = findChild<QLineEdit*>(QStringLiteral("txtFindHouse"))) {
+            find->setFocus();
+            find->selectAll();
+        }
+    });
+}
+
+frmMain::~frmMain() = default;
+
+QWidget* frmMain::boardPage() const { return ui->pageBoard; }
+
+QAction* frmMain::action(const QString& name) const { return m_actions.value(name); }
+
+void frmMain::wire(const QString& name, std::function<void()> handler) {
+    m_handlers.insert(name, std::move(handler));
+    if (QAction* a = action(name)) a->setEnabled(true);
+}
+
+void frmMain::runCommand(const QString& name) {
+    const auto it = std::find_if(MenuCommands().begin(), MenuCommands().end(),
+                                 [&](const MenuCommand& c) { return c.name == name; });
+    if (it != MenuCommands().end() && !it->right.isEmpty() && !CheckPuissance(it->right)) return;
+    if (auto h = m_handlers.value(name)) h();
+}
+
+void frmMain::buildMenus() {
+    QHash<QString, QMenu*> menus;
+    for (const MenuCommand& c : MenuCommands()) {
+        QMenu*& menu = menus[c.menu];
+        if (!menu) menu = menuBar()->addMenu(c.menu);
+        if (c.name.isEmpty()) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction* a = menu->addAction(c.caption);
+        a->setObjectName(c.name);
+        a->setCheckable(c.checkable);
+        if (!c.shortcut.isEmpty()) {
+            a->setShortcut(QKeySequence(c.shortcut));
+            a->setShortcutContext(Qt::ApplicationShortcut);
+        }
+        a->setEnabled(false); // until its feature wires it
+        connect(a, &QAction::triggered, this, [this, name = c.name] { runCommand(name); });
+        m_actions.insert(c.name, a);
+    }
+}
+
+void frmMain::buildToolbar() {
+    m_tbrMain = addToolBar(QStringLiteral("工具栏"));
+    m_tbrMain->setObjectName(QStringLiteral("tbrMain"));
+    m_tbrMain->setMovable(false);
+    m_tbrMain->setIconSize(QSize(32, 32));
+    m_tbrMain->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    for (const ToolCommand& t : ToolCommands()) {
+        QAction* a = m_tbrMain->addAction(ToolIcon(t.glyph, QColor(t.color)), t.caption);
+        a->setObjectName(QStringLiteral("tbr") + t.key);
+        a->setEnabled(false);
+        connect(a, &QAction::triggered, this, [this, key = t.key] { toolbarClicked(key); });
+        m_actions.insert(QStringLiteral("tbr") + t.key, a);
+        if (t.key == QLatin1String("RELOGIN")) m_tbrMain->insertSeparator(a);
+    }
+    // Keys that work already.
+    wire(QStringLiteral("tbrRELOGIN"), [this] { Relogin(); });
+    wire(QStringLiteral("tbrEXIT"), [this] { close(); });
+    wire(QStringLiteral("tbrCOMMON"), [this] { ui->ctbThis->setCurrentIndex(1); });
+}
+
+void frmMain::toolbarClicked(const QString& key) {
+    if (auto h = m_handlers.value(QStringLiteral("tbr") + key.toUpper())) h();
+}
+
+void frmMain::buildStatusBar() {
+    m_sbAppName = new QLabel(App().AppTitle + QLatin1Char(' ') + App().AppVersionText, this);
+    m_sbAppName->setObjectName(QStringLiteral("AppName"));
+    m_sbOperator = new QLabel(this);
+    m_sbOperator->setObjectName(QStringLiteral("OperatorName"));
+    ui->SB->addWidget(m_sbAppName, 1);
+    ui->SB->addPermanentWidget(m_sbOperator);
+}
+
+void frmMain::buildHelpPanel() {
+    m_helpDock = new QDockWidget(QStringLiteral("动态帮助"), this);
+    m_helpDock->setObjectName(QStringLiteral("dockHelp"));
+    m_txtHelp = new QPlainTextEdit(m_helpDock);
+    m_txtHelp->setObjectName(QStringLiteral("txtHelp"));
+    m_txtHelp->setReadOnly(true);
+    m_txtHelp->setFocusPolicy(Qt::NoFocus);
+    m_helpDock->setWidget(m_txtHelp);
+    m_helpDock->setFeatures(QDockWidget::DockWidgetClosable);
+    addDockWidget(Qt::RightDockWidgetArea, m_helpDock);
+    m_helpDock->hide();
+    connect(m_helpDock, &QDockWidget::visibilityChanged, this, [this](bool visible) {
+        if (!visible && !isMinimized() && isVisible()) {
+            action(QStringLiteral("mnuQNHelp"))->setChecked(false);
+            App().IsDynamicHelp = false;
+        }
+    });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { showHelpFor(now); });
+    connect(ui->ctbThis, &QTabWidget::currentChanged, this, [this] { showHelpFor(QApplication::focusWidget()); });
+}
+
+void frmMain::showHelpFor(QWidget* focused) {
+    if (!App().IsDynamicHelp || !m_helpDock->isVisible()) return;
+    QWidget* form = focused ? focused->window() : this;
+    QString key = form->objectName().mid(3).toLower();
+    if (form == this) {
+        const int page = ui->ctbThis->currentIndex();
+        const QString sub = page == 2 ? QStringLiteral("memo") : QStringLiteral("board");
+        const QString text = GetHelpText(key + QLatin1Char('-') + sub);
+        if (!text.trimmed().isEmpty()) {
+            m_txtHelp->setPlainText(text);
+            return;
+        }
+    }
+    m_txtHelp->setPlainText(GetHelpText(key));
+}
+
+void frmMain::Init() {
+    try {
+        App().DefaultPrinterName = QPrinterInfo::defaultPrinterName();
+        LoadSetupValue();
+        LoadCompanyInfo();
+
+        const qint64 seconds = RoundEven(Val(GetSetup(QStringLiteral("RefurbishTime"))));
+        if (seconds >= 3) {
+            m_txtTime->setText(QString::number(seconds));
+            m_tmRefurbish->setInterval(int(seconds * 1000));
+            m_tmRefurbish->start();
+        } else {
+            m_txtTime->setText(QStringLiteral("0"));
+            m_tmRefurbish->stop();
+        }
+
+        const bool firstRun = Val(GetIni(QStringLiteral("IsTopRun"))) != 1.0;
+        const bool help = firstRun || GetIni(QStringLiteral("IsOpenHelp")) == QLatin1String("Y");
+        action(QStringLiteral("mnuQNHelp"))->setChecked(help);
+        App().IsDynamicHelp = help;
+        m_helpDock->setVisible(help);
+
+        const bool toolbar = GetIni(QStringLiteral("IsShowToolbar")) != QLatin1String("N");
+        m_tbrMain->setVisible(toolbar);
+        action(QStringLiteral("mnuShowToolbar"))->setChecked(toolbar);
+        action(QStringLiteral("mnuShowToolbarText"))->setChecked(true);
+
+        QString memo = GetIni(QStringLiteral("Remind"));
+        memo.replace(QLatin1Char('|'), QLatin1Char('\n'));
+        ui->txtMemo->setPlainText(memo);
+        refreshOperatorPanel();
+    } catch (const DbError& e) {
+        Msg::critical(this, e.message(QStringLiteral("Init"), QStringLiteral("frmMain")));
+    }
+}
+
+void frmMain::refreshOperatorPanel() {
+    m_sbOperator->setText(QStringLiteral("操作员：") + App().CurrentOperatorName);
+    m_sbAppName->setText(App().AppTitle + QLatin1Char(' ') + App().AppVersionText);
+}
+
+void frmMain::txtTime_LostFocus() {
+    const double v = Val(m_txtTime->text());
+    if (v == 0) {
+        m_tmRefurbish->stop();
+    } else if (v >= 3) {
+        m_tmRefurbish->setInterval(int(qMin<double>(v, 86400) * 1000));
+        m_tmRefurbish->start();
+    } else {
+        Msg::warn(this, QStringLiteral("您设置的刷新时间小于3秒，系统将取消自动刷新功能！"));
+        m_txtTime->setText(QStringLiteral("0"));
+        m_tmRefurbish->stop();
+    }
+}
+
+void frmMain::SaveInfo() {
+    QString step;
+    try {
+        SetIni(QStringLiteral("IsTopRun"), QStringLiteral("1"));
+        SetIni(QStringLiteral("IsOpenHelp"),
+               action(QStringLiteral("mnuQNHelp"))->isChecked() ? QStringLiteral("Y") : QStringLiteral("N"));
+        QString memo = ui->txtMemo->toPlainText();
+        memo.replace(QLatin1String("\r\n"), QLatin1String("|")).replace(QLatin1Char('\n'), QLatin1Char('|'));
+        SetIni(QStringLiteral("Remind"), memo);
+        TrimLog();
+        SetSetup(QStringLiteral("RefurbishTime"), QString::number(Val(m_txtTime->text()), 'g', 15));
+        SetIni(QStringLiteral("IsShowToolbar"), m_tbrMain->isVisible() ? QStringLiteral("Y") : QStringLiteral("N"));
+    } catch (const DbError& e) {
+        Msg::critical(this, e.message(QStringLiteral("SaveInfo"), QStringLiteral("frmMain")));
+    }
+    if (App().IsDBBackup) {
+        QString error;
+        if (!BackupSqlite(DB(), DefaultBackupName(App().AppPath), &error))
+            Msg::critical(this, QStringLiteral("数据备份时出错！\n错误描述：") + error);
+    }
+}
+
+void frmMain::Relogin() {
+    hide();
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w != this && w->isVisible()) w->close();
+    AppState& a = App();
+    a.CurrentOperatorID.clear();
+    a.CurrentOperatorName.clear();
+    a.CurrentDiscountLimit = 1.0;
+    frmLogin login;
+    if (login.exec() == QDialog::Accepted) {
+        show();
+        refreshOperatorPanel();
+        return;
+    }
+    m_exiting = true;
+    QCoreApplication::exit(0);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (m_exiting) return event->accept();
+    if (!Msg::confirm(this, QStringLiteral("您真要退出本系统吗？"))) return event->ignore();
+    SaveInfo();
+    m_exiting = true;
+    event->accept();
+    QCoreApplication::exit(0);
+}
+
+void frmMain::changeEvent(QEvent* event) { QMainWindow::changeEvent(event); }

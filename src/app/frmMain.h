@@ -1,0 +1,60 @@
+#pragma once
+#include <QHash>
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+
+namespace Ui {
+class frmMain;
+}
+class QAction;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QTimer;
+class QToolBar;
+class QDockWidget;
+
+// The main window: three pages (home, board, memo), the menu, the toolbar and the
+// status bar. Subsystems wire their commands in; an unwired item stays disabled.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit frmMain(QWidget* parent = nullptr);
+    ~frmMain() override;
+
+    // First load after the first sign-in.
+    void Init();
+    void refreshOperatorPanel();
+    QAction* action(const QString& name) const;
+    void wire(const QString& name, std::function<void()> handler);
+    void SaveInfo();
+    void Relogin();
+    // The refresh seconds typed in txtTime, applied on leaving the box.
+    void txtTime_LostFocus();
+    QTimer* refreshTimer() const { return m_tmRefurbish; }
+    QWidget* boardPage() const;
+
+private:
+    void buildMenus();
+    void buildToolbar();
+    void buildStatusBar();
+    void buildHelpPanel();
+    void runCommand(const QString& name);
+    void toolbarClicked(const QString& key);
+    void showHelpFor(QWidget* focused);
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+    std::unique_ptr<Ui::frmMain> ui;
+    QHash<QString, QAction*> m_actions;
+    QHash<QString, std::function<void()>> m_handlers;
+    QToolBar* m_tbrMain = nullptr;
+    QLabel* m_sbAppName = nullptr;
+    QLabel* m_sbOperator = nullptr;
+    QLineEdit* m_txtTime = nullptr;
+    QTimer* m_tmRefurbish = nullptr;
+    QDockWidget* m_helpDock = nullptr;
+    QPlainTextEdit* m_txtHelp = nullptr;
+    bool m_exiting = false;
+};

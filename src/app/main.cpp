@@ -1,0 +1,102 @@
+#include "AppInit.h"
+#include "AppState.h"
+#include "Db.h"
+#include "Demo.h"
+#include "MessageBox.h"
+#include "Schema.h"
+#include "Venue.h"
+#include "frmLogin.h"
+#include "frmMain.h"
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFontDatabase>
+#include <cstdio>
+
+namespace {
+int initVenue(const QString& home, bool demo) {
+    Venue::prepare(home);
+    AppInit(home);
+    try {
+        Venue::openAndUpgrade(DB(), Venue::connection(home));
+        if (demo) AddDemoVenue(DB());
+        std::printf("%s\n", qPrintable(QStringLiteral("venue ready: %1 (database version %2)")
+                                           .arg(home)
+                                           .arg(Schema::currentVersion(DB()))));
+        DB().close();
+        return 0;
+    } catch (const DbError& e) {
+        std::fprintf(stderr, "%s\n", qPrintable(e.description));
+        return 1;
+    }
+}
+
+void chooseFont() {
+    for (const char* family : {"Noto Sans CJK SC", "Microsoft YaHei", "WenQuanYi Micro Hei", "PingFang SC"}) {
+        if (QFontDatabase::hasFamily(QString::fromLatin1(family))) {
+            QFont f{QString::fromLatin1(family)};
+            f.setPointSizeF(QApplication::font().pointSizeF() > 0 ? QApplication::font().pointSizeF() : 10);
+            QApplication::setFont(f);
+            return;
+        }
+    }
+}
+
+struct Options {
+    QString home;
+    bool init = false;
+    bool demo = false;
+};
+
+Options parse(const QCoreApplication& app) {
+    QCommandLineParser cli;
+    cli.setApplicationDescription(QStringLiteral("星澜KTV"));
+    cli.addHelpOption();
+    QCommandLineOption home(QStringLiteral("home"), QStringLiteral("venue folder"), QStringLiteral("DIR"));
+    QCommandLineOption init(QStringLiteral("init"), QStringLiteral("create or upgrade the venue and exit"));
+    QCommandLineOption demo(QStringLiteral("demo"), QStringLiteral("add a small demo venue"));
+    cli.addOptions({home, init, demo});
+    cli.process(app);
+    return {Venue::resolveHome(cli.value(home)), cli.isSet(init), cli.isSet(demo)};
+}
+} // namespace
+
+int main(int argc, char* argv[]) {
+    // Setting up a venue needs no screen: deployment scripts run it headless.
+    bool headless = false;
+    for (int i = 1; i < argc; ++i)
+        if (qstrcmp(argv[i], "--init") == 0 || qstrcmp(argv[i], "-init") == 0) headless = true;
+    if (headless) {
+        QCoreApplication app(argc, argv);
+        QCoreApplication::setApplicationName(QStringLiteral("singbox"));
+        InitResources();
+        const Options o = parse(app);
+        return initVenue(o.home, o.demo);
+    }
+
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("singbox"));
+    InitResources();
+    const Options o = parse(app);
+    const QString dir = o.home;
+    if (o.demo && initVenue(dir, true) != 0) return 1;
+
+    chooseFont();
+    try {
+        Venue::prepare(dir);
+        AppInit(dir);
+    } catch (...) {
+        Msg::ShowError(QStringLiteral("系统初始化错误！"));
+        return 1;
+    }
+    QApplication::setApplicationDisplayName(App().AppTitle);
+
+    frmLogin login;
+    if (login.exec() != QDialog::Accepted) return 0;
+    frmMain main;
+    main.show();
+    main.Init();
+    main.refreshOperatorPanel();
+    const int rc = QApplication::exec();
+    DB().close();
+    return rc;
+}

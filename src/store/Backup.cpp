@@ -1,0 +1,56 @@
+#include "Backup.h"
+#include "Clock.h"
+#include "Format.h"
+#include <QDir>
+#include <QFile>
+#include <QSqlDriver>
+#include <sqlite3.h>
+
+QString DefaultBackupName(const QString& home) {
+    return QDir(home).filePath(QStringLiteral("DBBackup/") + FormatDate(Now(), QStringLiteral("yyyyMMddhhmm")) +
+                               QStringLiteral(".db"));
+}
+
+bool BackupSqlite(Db& db, const QString& target, QString* error) {
+    auto fail = [&](const QString& why) {
+        if (error) *error = why;
+        return false;
+    };
+    if (db.backend() != Backend::SQLite) return fail(QStringLiteral("网络版不适用"));
+    const QVariant h = db.handle().driver()->handle();
+    if (!h.isValid() || qstrcmp(h.typeName(), "sqlite3*") != 0) return fail(QStringLiteral("数据库未连接"));
+    sqlite3* source = *static_cast<sqlite3* const*>(h.constData());
+    if (!source) return fail(QStringLiteral("数据库未连接"));
+
+    QDir().mkpath(QFileInfo(target).absolutePath());
+    const QString temp = target + QStringLiteral(".part");
+    QFile::remove(temp);
+    sqlite3* dest = nullptr;
+    if (sqlite3_open(QFile::encodeName(temp).constData(), &dest) != SQLITE_OK) {
+        const QString why = QString::fromUtf8(sqlite3_errmsg(dest));
+        sqlite3_close(dest);
+        return fail(why);
+    }
+    sqlite3_backup* b = sqlite3_backup_init(dest, "main", source, "main");
+    int rc = SQLITE_OK;
+    if (b) {
+        do {
+            rc = sqlite3_backup_step(b, 256);
+            if (rc == SQLITE_BUSY || rc == SQLITE_LOCKED) sqlite3_sleep(20);
+        } while (rc == SQLITE_OK || rc == SQLITE_BUSY || rc == SQLITE_LOCKED);
+        sqlite3_backup_finish(b);
+    }
+    const QString why = QString::fromUtf8(sqlite3_errmsg(dest));
+    rc = b ? (rc == SQLITE_DONE ? sqlite3_errcode(dest) : rc) : sqlite3_errcode(dest);
+    sqlite3_close(dest);
+    if (rc != SQLITE_OK) {
+        QFile::remove(temp);
+        return fail(why);
+    }
+    QFile::remove(target);
+    if (!QFile::rename(temp, target)) {
+        QFile::remove(temp);
+        return fail(QStringLiteral("无法写入 ") + target);
+    }
+    return true;
+}

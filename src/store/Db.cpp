@@ -1,0 +1,325 @@
+#include "Db.h"
+#include "Dialect.h"
+#include "Format.h"
+#include "Val.h"
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QRegularExpression>
+#include <QUuid>
+
+QString DbError::message(const QString& procedure, const QString& form, const QString& kind) const {
+    return QStringLiteral("Error %1 (%2) in procedure %3 of %4 %5").arg(number).arg(description, procedure, kind, form);
+}
+
+DbConfig DbConfig::fromPgString(const QString& conn) {
+    DbConfig c;
+    c.backend = Backend::PostgreSQL;
+    for (const QString& part : conn.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        const qsizetype eq = part.indexOf(QLatin1Char('='));
+        if (eq < 0) continue;
+        const QString k = part.left(eq).trimmed().toLower();
+        const QString v = part.mid(eq + 1).trimmed();
+        if (k == QLatin1String("host")) c.host = v;
+        else if (k == QLatin1String("port")) c.port = v.toInt();
+        else if (k == QLatin1String("user")) c.user = v;
+        else if (k == QLatin1String("password")) c.password = v;
+        else if (k == QLatin1String("dbname")) c.name = v;
+    }
+    return c;
+}
+
+namespace {
+DbError errorOf(const QSqlError& e) {
+    bool ok = false;
+    int number = e.nativeErrorCode().toInt(&ok);
+    if (!ok) number = int(e.type()) + 3000;
+    QString text = e.databaseText().trimmed();
+    if (text.isEmpty()) text = e.text().trimmed();
+    return DbError(number, text, e.nativeErrorCode());
+}
+
+bool isNumericType(const QVariant& v) {
+    switch (v.metaType().id()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+    case QMetaType::Float:
+    case QMetaType::Bool:
+        return true;
+    default:
+        return false;
+    }
+}
+} // namespace
+
+// ---- Rows ----
+
+int Rows::column(const QString& name) const {
+    auto it = m_index.constFind(name.toLower());
+    if (it == m_index.constEnd()) throw DbError(-1, QStringLiteral("Column %1 is not in the result").arg(name));
+    return *it;
+}
+
+QVariant Row::value(const QString& c) const { return m_rows->at(m_index, m_rows->column(c)); }
+bool Row::has(const QString& c) const { return m_rows->columns().contains(c.toLower()); }
+bool Row::isNull(const QString& c) const { return value(c).isNull(); }
+
+QString Row::text(const QString& c) const {
+    const QVariant v = value(c);
+    if (v.isNull()) return {};
+    if (v.metaType().id() == QMetaType::Double) return QString::number(v.toDouble(), 'g', 15);
+    return v.toString();
+}
+
+double Row::num(const QString& c) const {
+    const QVariant v = value(c);
+    if (v.isNull()) return 0.0;
+    if (isNumericType(v)) return v.toDouble();
+    return Val(v.toString());
+}
+
+qint64 Row::integer(const QString& c) const {
+    const QVariant v = value(c);
+    if (v.isNull()) return 0;
+    switch (v.metaType().id()) {
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::UInt:
+    case QMetaType::ULongLong:
+        return v.toLongLong();
+    default:
+        return RoundEven(isNumericType(v) ? v.toDouble() : Val(v.toString()));
+    }
+}
+
+Money Row::money(const QString& c) const {
+    const QVariant v = value(c);
+    if (v.isNull()) return {};
+    switch (v.metaType().id()) {
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::UInt:
+    case QMetaType::ULongLong:
+        return Money::fromRaw(v.toLongLong());
+    default: {
+        // Sums come back as a decimal or floating value of the raw count.
+        const double d = isNumericType(v) ? v.toDouble() : Val(v.toString());
+        return Money::fromRaw(RoundEven(d));
+    }
+    }
+}
+
+QString Row::date(const QString& c) const {
+    const QVariant v = value(c);
+    if (v.isNull()) return QLatin1String(DateSentinel);
+    const QString s = v.toString();
+    return s.isEmpty() ? QLatin1String(DateSentinel) : s;
+}
+
+QByteArray Row::bytes(const QString& c) const { return value(c).toByteArray(); }
+
+// ---- Db ----
+
+Db::Db(QString connectionName) : m_name(std::move(connectionName)) {
+    if (m_name.isEmpty()) m_name = QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+Db::~Db() { close(); }
+
+Db& Db::main() {
+    // Never destroyed: it must not outlive Qt SQL's own globals at exit.
+    static Db* db = new Db(QStringLiteral("singbox-main"));
+    return *db;
+}
+
+QSqlDatabase Db::handle() const { return QSqlDatabase::database(m_name, false); }
+
+bool Db::isOpen() const { return QSqlDatabase::contains(m_name) && handle().isOpen(); }
+
+void Db::open(const DbConfig& config) {
+    close();
+    m_config = config;
+    QSqlDatabase db;
+    if (config.backend == Backend::SQLite) {
+        m_dialect = std::make_unique<SqliteDialect>();
+        db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
+        db.setDatabaseName(config.file);
+        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=5000"));
+    } else {
+        m_dialect = std::make_unique<PgDialect>();
+        db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), m_name);
+        db.setHostName(config.host);
+        db.setPort(config.port);
+        db.setUserName(config.user);
+        db.setPassword(config.password);
+        db.setDatabaseName(config.name);
+        db.setConnectOptions(QStringLiteral("connect_timeout=5"));
+    }
+    if (!db.open()) {
+        DbError e = errorOf(db.lastError());
+        db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_name);
+        throw e;
+    }
+    if (config.backend == Backend::SQLite) {
+        exec(QStringLiteral("PRAGMA journal_mode=WAL"));
+        exec(QStringLiteral("PRAGMA synchronous=FULL"));
+        exec(QStringLiteral("PRAGMA foreign_keys=ON"));
+    } else {
+        exec(QStringLiteral("SET client_min_messages TO WARNING"));
+        if (!config.schema.isEmpty()) {
+            if (!QRegularExpression(QStringLiteral("^[a-z_][a-z0-9_]*$")).match(config.schema).hasMatch())
+                throw DbError(-1, QStringLiteral("invalid schema name"));
+            exec(QStringLiteral("CREATE SCHEMA IF NOT EXISTS ") + config.schema);
+            exec(QStringLiteral("SET search_path TO ") + config.schema);
+        }
+    }
+}
+
+void Db::close() {
+    for (QSqlQuery* q : std::as_const(m_cache)) delete q;
+    m_cache.clear();
+    m_depth = 0;
+    if (QSqlDatabase::contains(m_name)) {
+        {
+            QSqlDatabase db = QSqlDatabase::database(m_name, false);
+            if (db.isOpen()) db.close();
+        }
+        QSqlDatabase::removeDatabase(m_name);
+    }
+}
+
+QSqlQuery& Db::prepared(const QString& sql) {
+    auto it = m_cache.find(sql);
+    if (it != m_cache.end()) return **it;
+    auto* q = new QSqlQuery(handle());
+    q->setForwardOnly(true);
+    if (!q->prepare(sql)) {
+        DbError e = errorOf(q->lastError());
+        delete q;
+        throw e;
+    }
+    if (m_cache.size() > 400) {
+        for (QSqlQuery* old : std::as_const(m_cache)) delete old;
+        m_cache.clear();
+    }
+    m_cache.insert(sql, q);
+    return *q;
+}
+
+void Db::run(QSqlQuery& q, const QString& sql, const Params& params) {
+    Q_UNUSED(sql);
+    for (int i = 0; i < params.size(); ++i) q.bindValue(i, params[i].value());
+    if (!q.exec()) {
+        DbError e = errorOf(q.lastError());
+        q.finish();
+        if (m_depth > 0) m_failed = true;
+        throw e;
+    }
+}
+
+int Db::exec(const QString& sql, const Params& params) {
+    if (!isOpen()) throw DbError(-1, QStringLiteral("数据库未连接"));
+    QSqlQuery& q = prepared(sql);
+    run(q, sql, params);
+    const int n = q.numRowsAffected();
+    q.finish();
+    return n < 0 ? 0 : n;
+}
+
+Rows Db::query(const QString& sql, const Params& params) {
+    if (!isOpen()) throw DbError(-1, QStringLiteral("数据库未连接"));
+    QSqlQuery& q = prepared(sql);
+    run(q, sql, params);
+    Rows rows;
+    const QSqlRecord rec = q.record();
+    const int n = rec.count();
+    for (int i = 0; i < n; ++i) {
+        const QString name = rec.fieldName(i).toLower();
+        rows.m_names << name;
+        if (!rows.m_index.contains(name)) rows.m_index.insert(name, i);
+    }
+    while (q.next()) {
+        std::vector<QVariant> r;
+        r.reserve(size_t(n));
+        for (int i = 0; i < n; ++i) r.push_back(q.value(i));
+        rows.m_data.push_back(std::move(r));
+    }
+    q.finish();
+    return rows;
+}
+
+QVariant Db::scalar(const QString& sql, const Params& params) {
+    Rows r = query(sql, params);
+    if (r.isEmpty() || r.columns().isEmpty()) return {};
+    return r.at(0, 0);
+}
+
+void Db::execScript(const QString& script) {
+    const QStringList parts = script.split(QRegularExpression(QStringLiteral(";\\s*\\n")), Qt::SkipEmptyParts);
+    for (QString stmt : parts) {
+        // Drop comment lines.
+        QStringList lines;
+        for (const QString& l : stmt.split(QLatin1Char('\n')))
+            if (!l.trimmed().startsWith(QLatin1String("--"))) lines << l;
+        stmt = lines.join(QLatin1Char('\n')).trimmed();
+        if (stmt.endsWith(QLatin1Char(';'))) stmt.chop(1);
+        if (stmt.isEmpty()) continue;
+        QSqlQuery q(handle());
+        if (!q.exec(stmt)) {
+            DbError e = errorOf(q.lastError());
+            if (m_depth > 0) m_failed = true;
+            throw DbError(e.number, e.description + QStringLiteral(" [") + stmt.left(80) + QLatin1Char(']'),
+                          e.nativeCode);
+        }
+    }
+}
+
+void Db::begin() {
+    if (m_depth++ > 0) return;
+    m_failed = false;
+    QSqlQuery q(handle());
+    if (!q.exec(m_dialect->beginWrite())) {
+        m_depth = 0;
+        throw errorOf(q.lastError());
+    }
+}
+
+void Db::commit() {
+    if (m_depth <= 0) return;
+    if (--m_depth > 0) return;
+    QSqlQuery q(handle());
+    if (m_failed || !q.exec(QStringLiteral("COMMIT"))) {
+        DbError e = m_failed ? DbError(-1, QStringLiteral("transaction failed")) : errorOf(q.lastError());
+        QSqlQuery r(handle());
+        r.exec(QStringLiteral("ROLLBACK"));
+        throw e;
+    }
+}
+
+void Db::rollback() {
+    if (m_depth <= 0) return;
+    if (--m_depth > 0) {
+        m_failed = true;
+        return;
+    }
+    QSqlQuery q(handle());
+    q.exec(QStringLiteral("ROLLBACK"));
+}
+
+bool Db::retryable(const DbError& e) const { return m_dialect && m_dialect->isRetryable(e); }
+
+Transaction::Transaction(Db& db) : m_db(db) { m_db.begin(); }
+
+Transaction::~Transaction() {
+    if (!m_done) m_db.rollback();
+}
+
+void Transaction::commit() {
+    m_done = true;
+    m_db.commit();
+}

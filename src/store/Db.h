@@ -1,0 +1,199 @@
+#pragma once
+#include "Money.h"
+#include <QHash>
+#include <QSqlDatabase>
+#include <QStringBuilder>
+#include <QVariant>
+#include <exception>
+#include <memory>
+#include <vector>
+
+class QSqlQuery;
+class Dialect;
+
+// A database failure, carried up to the service that turns it into the user's message.
+class DbError : public std::exception {
+public:
+    DbError(int number, QString description, QString nativeCode = {})
+        : number(number), description(std::move(description)), nativeCode(std::move(nativeCode)),
+          m_what(this->description.toUtf8()) {}
+    const char* what() const noexcept override { return m_what.constData(); }
+    // "Error <number> (<description>) in procedure <proc> of Form <form>"
+    QString message(const QString& procedure, const QString& form, const QString& kind = QStringLiteral("Form")) const;
+
+    int number;
+    QString description;
+    QString nativeCode;
+
+private:
+    QByteArray m_what;
+};
+
+// One bound value. Money binds as its exact 64-bit count.
+class Param {
+public:
+    Param(const QString& v) : m_v(v) {}
+    Param(const QByteArray& v) : m_v(v) {}
+    template <typename A, typename B> Param(const QStringBuilder<A, B>& b) : m_v(QString(b)) {}
+    Param(int v) : m_v(v) {}
+    Param(qint64 v) : m_v(qlonglong(v)) {}
+    Param(double v) : m_v(v) {}
+    Param(bool v) : m_v(v ? 1 : 0) {}
+    Param(Money v) : m_v(qlonglong(v.raw())) {}
+    Param(std::nullptr_t) : m_v(QMetaType::fromType<QString>()) {}
+    explicit Param(const QVariant& v) : m_v(v) {}
+    const QVariant& value() const { return m_v; }
+
+private:
+    QVariant m_v;
+};
+using Params = QList<Param>;
+
+class Rows;
+
+// One row of a result. Reads map nulls the way the whole program expects:
+// text "", numbers 0, dates the sentinel "1900-01-01 01:01".
+class Row {
+public:
+    Row(const Rows* rows, int index) : m_rows(rows), m_index(index) {}
+    QVariant value(const QString& column) const;
+    bool isNull(const QString& column) const;
+    QString text(const QString& column) const;
+    double num(const QString& column) const;
+    qint64 integer(const QString& column) const;
+    Money money(const QString& column) const;
+    QString date(const QString& column) const;
+    QByteArray bytes(const QString& column) const;
+    bool has(const QString& column) const;
+
+private:
+    const Rows* m_rows;
+    int m_index;
+};
+
+// A fully read result: column lookup is case-insensitive, as the schema's names are.
+class Rows {
+public:
+    int count() const { return int(m_data.size()); }
+    bool isEmpty() const { return m_data.empty(); }
+    Row operator[](int i) const { return Row(this, i); }
+    Row first() const { return Row(this, 0); }
+    int column(const QString& name) const;
+    const QVariant& at(int row, int col) const { return m_data[size_t(row)][size_t(col)]; }
+    QStringList columns() const { return m_names; }
+
+    struct iterator {
+        const Rows* r;
+        int i;
+        Row operator*() const { return Row(r, i); }
+        iterator& operator++() {
+            ++i;
+            return *this;
+        }
+        bool operator!=(const iterator& o) const { return i != o.i; }
+    };
+    iterator begin() const { return {this, 0}; }
+    iterator end() const { return {this, count()}; }
+
+private:
+    friend class Db;
+    QStringList m_names;
+    QHash<QString, int> m_index;
+    std::vector<std::vector<QVariant>> m_data;
+};
+
+enum class Backend { SQLite, PostgreSQL };
+
+struct DbConfig {
+    Backend backend = Backend::SQLite;
+    QString file;                  // SQLite
+    QString host = QStringLiteral("127.0.0.1");
+    int port = 5432;
+    QString user, password, name;  // PostgreSQL
+    QString schema;                // PostgreSQL: search_path of this connection
+
+    // "host=... port=... user=... password=... dbname=..."
+    static DbConfig fromPgString(const QString& conn);
+};
+
+class Db {
+public:
+    explicit Db(QString connectionName = {});
+    ~Db();
+    Db(const Db&) = delete;
+    Db& operator=(const Db&) = delete;
+
+    void open(const DbConfig& config); // throws DbError
+    void close();
+    bool isOpen() const;
+    const DbConfig& config() const { return m_config; }
+    Backend backend() const { return m_config.backend; }
+    const Dialect& dialect() const { return *m_dialect; }
+
+    int exec(const QString& sql, const Params& params = {});
+    Rows query(const QString& sql, const Params& params = {});
+    QVariant scalar(const QString& sql, const Params& params = {});
+    // Runs several statements separated by ";" lines (migrations), no parameters.
+    void execScript(const QString& script);
+
+    bool inTransaction() const { return m_depth > 0; }
+    QSqlDatabase handle() const;
+
+    // Runs `work` inside one write transaction, again on a serialization failure or
+    // a deadlock (PostgreSQL) or a busy database (SQLite), a few times at most.
+    template <class F> auto write(F&& work) -> decltype(work());
+
+    // The process's one connection.
+    static Db& main();
+
+private:
+    friend class Transaction;
+    QSqlQuery& prepared(const QString& sql);
+    void run(QSqlQuery& q, const QString& sql, const Params& params);
+    void begin();
+    void commit();
+    void rollback();
+    bool retryable(const DbError& e) const;
+
+    QString m_name;
+    DbConfig m_config;
+    std::unique_ptr<Dialect> m_dialect;
+    QHash<QString, QSqlQuery*> m_cache;
+    int m_depth = 0;
+    bool m_failed = false;
+};
+
+inline Db& DB() { return Db::main(); }
+
+// Rolls back unless committed. Nested guards join the outer transaction.
+class Transaction {
+public:
+    explicit Transaction(Db& db = DB());
+    ~Transaction();
+    void commit();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+private:
+    Db& m_db;
+    bool m_done = false;
+};
+
+template <class F> auto Db::write(F&& work) -> decltype(work()) {
+    for (int attempt = 1;; ++attempt) {
+        try {
+            Transaction t(*this);
+            if constexpr (std::is_void_v<decltype(work())>) {
+                work();
+                t.commit();
+                return;
+            } else {
+                auto r = work();
+                t.commit();
+                return r;
+            }
+        } catch (const DbError& e) {
+            if (attempt >= 5 || m_depth > 0 || !retryable(e)) throw;
+        }
+    }
+}

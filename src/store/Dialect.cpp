@@ -1,0 +1,26 @@
+#include "Dialect.h"
+#include "Db.h"
+
+QString Dialect::expand(QString script) const {
+    script.replace(QLatin1String("{MONEY}"), moneyType());
+    script.replace(QLatin1String("{REAL}"), realType());
+    script.replace(QLatin1String("{BLOB}"), blobType());
+    return script;
+}
+
+bool SqliteDialect::isUniqueViolation(const DbError& e) const {
+    // SQLITE_CONSTRAINT_UNIQUE / _PRIMARYKEY, or the plain constraint code with its text.
+    return e.nativeCode == QLatin1String("2067") || e.nativeCode == QLatin1String("1555") ||
+           e.description.contains(QLatin1String("UNIQUE constraint failed"));
+}
+
+bool SqliteDialect::isRetryable(const DbError& e) const {
+    return e.nativeCode == QLatin1String("5") || e.nativeCode == QLatin1String("6") ||
+           e.description.contains(QLatin1String("database is locked"));
+}
+
+bool PgDialect::isUniqueViolation(const DbError& e) const { return e.nativeCode == QLatin1String("23505"); }
+
+bool PgDialect::isRetryable(const DbError& e) const {
+    return e.nativeCode == QLatin1String("40001") || e.nativeCode == QLatin1String("40P01");
+}

@@ -1,0 +1,45 @@
+#pragma once
+#include <QString>
+
+class DbError;
+
+// The few differences between the embedded file and the server.
+class Dialect {
+public:
+    virtual ~Dialect() = default;
+    virtual QString name() const = 0;
+    virtual QString beginWrite() const = 0;
+    virtual QString moneyType() const = 0;
+    virtual QString realType() const = 0;
+    virtual QString blobType() const = 0;
+    // Case-insensitive pattern match operator.
+    virtual QString ilike() const = 0;
+    virtual bool isUniqueViolation(const DbError& e) const = 0;
+    virtual bool isRetryable(const DbError& e) const = 0;
+    // Replaces {MONEY}, {REAL}, {BLOB} in a schema script.
+    QString expand(QString script) const;
+};
+
+class SqliteDialect : public Dialect {
+public:
+    QString name() const override { return QStringLiteral("sqlite"); }
+    QString beginWrite() const override { return QStringLiteral("BEGIN IMMEDIATE"); }
+    QString moneyType() const override { return QStringLiteral("INTEGER"); }
+    QString realType() const override { return QStringLiteral("REAL"); }
+    QString blobType() const override { return QStringLiteral("BLOB"); }
+    QString ilike() const override { return QStringLiteral("LIKE"); }
+    bool isUniqueViolation(const DbError& e) const override;
+    bool isRetryable(const DbError& e) const override;
+};
+
+class PgDialect : public Dialect {
+public:
+    QString name() const override { return QStringLiteral("pg"); }
+    QString beginWrite() const override { return QStringLiteral("BEGIN"); }
+    QString moneyType() const override { return QStringLiteral("BIGINT"); }
+    QString realType() const override { return QStringLiteral("DOUBLE PRECISION"); }
+    QString blobType() const override { return QStringLiteral("BYTEA"); }
+    QString ilike() const override { return QStringLiteral("ILIKE"); }
+    bool isUniqueViolation(const DbError& e) const override;
+    bool isRetryable(const DbError& e) const override;
+};

@@ -1,0 +1,43 @@
+#include "Desktop.h"
+#include <QDesktopServices>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
+
+namespace {
+bool startFirst(const QStringList& programs, const QStringList& args) {
+    for (const QString& p : programs) {
+        const QString exe = QStandardPaths::findExecutable(p);
+        if (!exe.isEmpty() && QProcess::startDetached(exe, args)) return true;
+    }
+    return false;
+}
+} // namespace
+
+namespace Desktop {
+bool startCalculator() {
+#ifdef Q_OS_WIN
+    return startFirst({QStringLiteral("calc.exe")}, {});
+#else
+    return startFirst({QStringLiteral("gnome-calculator"), QStringLiteral("kcalc"), QStringLiteral("mate-calc"),
+                       QStringLiteral("galculator"), QStringLiteral("qalculate-gtk"), QStringLiteral("xcalc")},
+                      {});
+#endif
+}
+
+bool startTextEditor(const QString& file) {
+    const QStringList args = file.isEmpty() ? QStringList() : QStringList{file};
+#ifdef Q_OS_WIN
+    return startFirst({QStringLiteral("notepad.exe")}, args);
+#else
+    if (startFirst({QStringLiteral("gnome-text-editor"), QStringLiteral("gedit"), QStringLiteral("kate"),
+                    QStringLiteral("kwrite"), QStringLiteral("mousepad"), QStringLiteral("pluma"),
+                    QStringLiteral("xed"), QStringLiteral("leafpad")},
+                   args))
+        return true;
+    return !file.isEmpty() && openFile(file);
+#endif
+}
+
+bool openFile(const QString& file) { return QDesktopServices::openUrl(QUrl::fromLocalFile(file)); }
+} // namespace Desktop

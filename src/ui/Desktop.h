@@ -1,0 +1,14 @@
+#pragma once
+#include <QString>
+
+class QWidget;
+
+// Programs of the desktop: the calculator, a text editor, and the default program for a file.
+namespace Desktop {
+// Starts a calculator; false when none could be started.
+bool startCalculator();
+// Starts a text editor, on `file` when given; false when none could be started.
+bool startTextEditor(const QString& file = {});
+// Opens a file with the desktop's default program for it; false when that failed.
+bool openFile(const QString& file);
+} // namespace Desktop
