@@ -23,7 +23,7 @@ frmLogin::frmLogin(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
     ui->txtUserName->clear();
     ui->txtUserName->setEnabled(true);
     if (App().IsNetVersion != 1) ui->cmdSelectDB->setVisible(GetIni(QStringLiteral("IsShowDBLink")) == QLatin1String("1"));
-    EnterMovesOn::install(this);
+    EnterMovesOn::install(this, {ui->txtPassword});
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui->cmdSelectDB, &QPushButton::clicked, this, &frmLogin::cmdSelectDB_Click);

@@ -58,14 +58,14 @@ bool isNumericType(const QVariant& v) {
 
 // ---- Rows ----
 
-int Rows::column(const QString& name) const {
-    auto it = m_index.constFind(name.toLower());
-    if (it == m_index.constEnd()) throw DbError(-1, QStringLiteral("Column %1 is not in the result").arg(name));
+int RowsData::column(const QString& name) const {
+    auto it = index.constFind(name.toLower());
+    if (it == index.constEnd()) throw DbError(-1, QStringLiteral("Column %1 is not in the result").arg(name));
     return *it;
 }
 
-QVariant Row::value(const QString& c) const { return m_rows->at(m_index, m_rows->column(c)); }
-bool Row::has(const QString& c) const { return m_rows->columns().contains(c.toLower()); }
+QVariant Row::value(const QString& c) const { return m_rows->data[size_t(m_index)][size_t(m_rows->column(c))]; }
+bool Row::has(const QString& c) const { return m_rows->index.contains(c.toLower()); }
 bool Row::isNull(const QString& c) const { return value(c).isNull(); }
 
 QString Row::text(const QString& c) const {
@@ -222,8 +222,25 @@ void Db::run(QSqlQuery& q, const QString& sql, const Params& params) {
     }
 }
 
+namespace {
+// Statements a server will not prepare; they never carry values.
+bool isUtility(const QString& sql) {
+    static const QRegularExpression re(QStringLiteral("^\\s*(SET|CREATE|DROP|ALTER|PRAGMA|VACUUM|ANALYZE)\\b"),
+                                       QRegularExpression::CaseInsensitiveOption);
+    return re.match(sql).hasMatch();
+}
+} // namespace
+
 int Db::exec(const QString& sql, const Params& params) {
     if (!isOpen()) throw DbError(-1, QStringLiteral("数据库未连接"));
+    if (params.isEmpty() && isUtility(sql)) {
+        QSqlQuery q(handle());
+        if (!q.exec(sql)) {
+            if (m_depth > 0) m_failed = true;
+            throw errorOf(q.lastError());
+        }
+        return 0;
+    }
     QSqlQuery& q = prepared(sql);
     run(q, sql, params);
     const int n = q.numRowsAffected();
@@ -240,14 +257,14 @@ Rows Db::query(const QString& sql, const Params& params) {
     const int n = rec.count();
     for (int i = 0; i < n; ++i) {
         const QString name = rec.fieldName(i).toLower();
-        rows.m_names << name;
-        if (!rows.m_index.contains(name)) rows.m_index.insert(name, i);
+        rows.m_d->names << name;
+        if (!rows.m_d->index.contains(name)) rows.m_d->index.insert(name, i);
     }
     while (q.next()) {
         std::vector<QVariant> r;
         r.reserve(size_t(n));
         for (int i = 0; i < n; ++i) r.push_back(q.value(i));
-        rows.m_data.push_back(std::move(r));
+        rows.m_d->data.push_back(std::move(r));
     }
     q.finish();
     return rows;

@@ -32,7 +32,10 @@ private:
 // One bound value. Money binds as its exact 64-bit count.
 class Param {
 public:
-    Param(const QString& v) : m_v(v) {}
+    // Empty text is stored as empty text, not as null.
+    Param(const QString& v) : m_v(v) {
+        if (v.isNull()) m_v = QVariant(QStringLiteral(""));
+    }
     Param(const QByteArray& v) : m_v(v) {}
     template <typename A, typename B> Param(const QStringBuilder<A, B>& b) : m_v(QString(b)) {}
     Param(int v) : m_v(v) {}
@@ -49,13 +52,20 @@ private:
 };
 using Params = QList<Param>;
 
-class Rows;
+// A fully read result, shared by the rows taken from it: column lookup is
+// case-insensitive, as the schema's names are.
+struct RowsData {
+    QStringList names;
+    QHash<QString, int> index;
+    std::vector<std::vector<QVariant>> data;
+    int column(const QString& name) const;
+};
 
 // One row of a result. Reads map nulls the way the whole program expects:
 // text "", numbers 0, dates the sentinel "1900-01-01 01:01".
 class Row {
 public:
-    Row(const Rows* rows, int index) : m_rows(rows), m_index(index) {}
+    Row(std::shared_ptr<const RowsData> rows, int index) : m_rows(std::move(rows)), m_index(index) {}
     QVariant value(const QString& column) const;
     bool isNull(const QString& column) const;
     QString text(const QString& column) const;
@@ -67,25 +77,25 @@ public:
     bool has(const QString& column) const;
 
 private:
-    const Rows* m_rows;
+    std::shared_ptr<const RowsData> m_rows;
     int m_index;
 };
 
-// A fully read result: column lookup is case-insensitive, as the schema's names are.
 class Rows {
 public:
-    int count() const { return int(m_data.size()); }
-    bool isEmpty() const { return m_data.empty(); }
-    Row operator[](int i) const { return Row(this, i); }
-    Row first() const { return Row(this, 0); }
-    int column(const QString& name) const;
-    const QVariant& at(int row, int col) const { return m_data[size_t(row)][size_t(col)]; }
-    QStringList columns() const { return m_names; }
+    Rows() : m_d(std::make_shared<RowsData>()) {}
+    int count() const { return int(m_d->data.size()); }
+    bool isEmpty() const { return m_d->data.empty(); }
+    Row operator[](int i) const { return Row(m_d, i); }
+    Row first() const { return Row(m_d, 0); }
+    int column(const QString& name) const { return m_d->column(name); }
+    const QVariant& at(int row, int col) const { return m_d->data[size_t(row)][size_t(col)]; }
+    QStringList columns() const { return m_d->names; }
 
     struct iterator {
         const Rows* r;
         int i;
-        Row operator*() const { return Row(r, i); }
+        Row operator*() const { return (*r)[i]; }
         iterator& operator++() {
             ++i;
             return *this;
@@ -97,9 +107,7 @@ public:
 
 private:
     friend class Db;
-    QStringList m_names;
-    QHash<QString, int> m_index;
-    std::vector<std::vector<QVariant>> m_data;
+    std::shared_ptr<RowsData> m_d;
 };
 
 enum class Backend { SQLite, PostgreSQL };

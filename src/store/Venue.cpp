@@ -43,6 +43,7 @@ DbConfig connection(const QString& home) {
         c.name = ReadIniFile(section, QStringLiteral("DBName"), ini);
         c.user = ReadIniFile(section, QStringLiteral("DBUser"), ini);
         c.password = ReadIniFile(section, QStringLiteral("DBPassword"), ini);
+        c.schema = ReadIniFile(section, QStringLiteral("DBSchema"), ini);
     } else {
         c.backend = Backend::SQLite;
         c.file = databaseFile(home);
@@ -60,7 +61,8 @@ bool saveConnection(const QString& home, const DbConfig& c) {
              WriteIniFile(s, QStringLiteral("DBPort"), QString::number(c.port), ini) &&
              WriteIniFile(s, QStringLiteral("DBName"), c.name, ini) &&
              WriteIniFile(s, QStringLiteral("DBUser"), c.user, ini) &&
-             WriteIniFile(s, QStringLiteral("DBPassword"), c.password, ini);
+             WriteIniFile(s, QStringLiteral("DBPassword"), c.password, ini) &&
+             WriteIniFile(s, QStringLiteral("DBSchema"), c.schema, ini);
     }
     return ok;
 }

@@ -13,7 +13,8 @@ void prepare(const QString& home);
 QString databaseFile(const QString& home);
 
 // The database link of this workstation, kept in config.ini: DBType 0 embedded file,
-// 1 PostgreSQL server with DBServer, DBPort, DBName, DBUser, DBPassword.
+// 1 PostgreSQL server with DBServer, DBPort, DBName, DBUser, DBPassword and, for several
+// venues on one server, DBSchema.
 DbConfig connection(const QString& home);
 bool saveConnection(const QString& home, const DbConfig& config);
 

@@ -7,9 +7,10 @@
 #include <QLineEdit>
 #include <QWidget>
 
-void EnterMovesOn::install(QWidget* form) {
+void EnterMovesOn::install(QWidget* form, const QList<QWidget*>& except) {
     auto* f = new EnterMovesOn(form);
     for (QWidget* w : form->findChildren<QWidget*>()) {
+        if (except.contains(w)) continue;
         if (qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w) || qobject_cast<QAbstractSpinBox*>(w))
             w->installEventFilter(f);
     }

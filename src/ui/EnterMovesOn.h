@@ -7,7 +7,8 @@ class QWidget;
 // Buttons and multi-line boxes keep their own Enter.
 class EnterMovesOn : public QObject {
 public:
-    static void install(QWidget* form);
+    // `except` keeps its own Enter (a password box that signs in, say).
+    static void install(QWidget* form, const QList<QWidget*>& except = {});
 
 protected:
     using QObject::QObject;

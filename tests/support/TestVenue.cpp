@@ -67,7 +67,8 @@ bool TestVenue::open(Db& db) {
         }
         db.open(m_config);
         Schema::migrate(db);
-        App().IsNetVersion = 1;
+        Venue::saveConnection(home(), m_config);
+        AppInit(home());
     } else {
         m_config.backend = Backend::SQLite;
         m_config.file = Venue::databaseFile(m_dir.path());
