@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFontDatabase>
+#include <QTimer>
 #include <cstdio>
 
 namespace {
@@ -91,6 +92,11 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationDisplayName(App().AppTitle);
 
     frmLogin login;
+    // For the start-up benchmark: leave as soon as the sign-in window is on screen.
+    if (qEnvironmentVariableIsSet("SINGBOX_EXIT_WHEN_SHOWN"))
+        QTimer::singleShot(0, &login, [&login] {
+            if (login.isVisible()) login.reject();
+        });
     if (login.exec() != QDialog::Accepted) return 0;
     frmMain main;
     main.show();
