@@ -9,6 +9,9 @@
 #include "frmDbLink.h"
 #include "frmLogin.h"
 #include "frmMain.h"
+#include "frmOption.h"
+#include "frmPayLevel.h"
+#include <QTabWidget>
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
@@ -57,6 +60,17 @@ int main(int argc, char** argv) {
     main.resize(1366, 768);
     main.Init();
     save(&main, QStringLiteral("frmMain"));
+    frmOption option;
+    auto* tabs = option.findChild<QTabWidget*>(QStringLiteral("ctbThis"));
+    for (int i = 0; i < tabs->count(); ++i) {
+        tabs->setCurrentIndex(i);
+        save(&option, QStringLiteral("frmOption-%1").arg(i));
+    }
+    frmPayLevel tariff;
+    tariff.prepare(QStringLiteral("00000000000000001"));
+    save(&tariff, QStringLiteral("frmPayLevel-time"));
+    tariff.findChild<QTabWidget*>(QStringLiteral("ctbThis"))->setCurrentIndex(0);
+    save(&tariff, QStringLiteral("frmPayLevel-fixed"));
     DB().close();
     return 0;
 }

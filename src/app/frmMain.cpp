@@ -12,6 +12,7 @@
 #include "Val.h"
 #include "frmAbout.h"
 #include "frmLogin.h"
+#include "frmOption.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -78,6 +79,12 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         frmAbout dlg(this);
         dlg.exec();
     });
+    const auto showOptions = [this] {
+        frmOption dlg(this);
+        dlg.ShowMe();
+    };
+    wire(QStringLiteral("mnuBusCommon"), showOptions);
+    wire(QStringLiteral("tbrOPTION"), showOptions);
     wire(QStringLiteral("mnuFindHouse"), [this] {
         ui->ctbThis->setCurrentIndex(1);
         if (auto* find = findChild<QLineEdit*>(QStringLiteral("txtFindHouse"))) {

@@ -1,0 +1,219 @@
+#include "frmOption.h"
+#include "AppState.h"
+#include "BusinessRules.h"
+#include "Clock.h"
+#include "Format.h"
+#include "MessageBox.h"
+#include "PayLevel.h"
+#include "Puissance.h"
+#include "RefusalShow.h"
+#include "RoomService.h"
+#include "Settings.h"
+#include "Val.h"
+#include "fThe.h"
+#include "frmHouse.h"
+#include "frmHouseAddBat.h"
+#include "frmHouseAssort.h"
+#include "frmPayLevel.h"
+#include "ui_frmOption.h"
+#include <QHeaderView>
+
+namespace {
+void setColumns(QTreeWidget* list, const QStringList& titles) {
+    list->setColumnCount(int(titles.size()));
+    list->setHeaderLabels(titles);
+    list->sortByColumn(0, Qt::AscendingOrder);
+    list->header()->setSectionResizeMode(QHeaderView::Interactive);
+}
+
+void addRow(QTreeWidget* list, const QString& key, const QStringList& texts) {
+    auto* item = new QTreeWidgetItem(list, texts);
+    item->setData(0, Qt::UserRole, key);
+}
+
+void fitColumns(QTreeWidget* list) {
+    for (int c = 0; c < list->columnCount(); ++c) list->resizeColumnToContents(c);
+}
+} // namespace
+
+frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmOption>()) {
+    ui->setupUi(this);
+    resize(980, 600);
+    setColumns(ui->lvwPayLevel, {QStringLiteral("计费标准"), QStringLiteral("最低消费"), QStringLiteral("计费方式"),
+                                 QStringLiteral("时段1"), QStringLiteral("时段2"), QStringLiteral("时段3"),
+                                 QStringLiteral("时段4")});
+    setColumns(ui->lvwHouseAssort, {QStringLiteral("包厢类型"), QStringLiteral("计费标准")});
+    setColumns(ui->lvwHouse, {QStringLiteral("手牌编号"), QStringLiteral("包厢类型"), QStringLiteral("状态"),
+                              QStringLiteral("计费标准"), QStringLiteral("备注")});
+    ui->cmbCloseHouseCur->addItems({QStringLiteral("会员编号"), QStringLiteral("实收现金")});
+    ui->cmdOutExcelHouse->setEnabled(false); // list export arrives with the configured lists
+
+    connect(ui->cmdPayLevelAdd, &QPushButton::clicked, this, &frmOption::cmdPayLevelAdd_Click);
+    connect(ui->cmdPayLevelEdit, &QPushButton::clicked, this, &frmOption::cmdPayLevelEdit_Click);
+    connect(ui->lvwPayLevel, &QTreeWidget::itemDoubleClicked, this, &frmOption::cmdPayLevelEdit_Click);
+    connect(ui->cmdPayLevelDel, &QPushButton::clicked, this, &frmOption::cmdPayLevelDel_Click);
+    connect(ui->cmdAllDiscount, &QPushButton::clicked, this, &frmOption::cmdAllDiscount_Click);
+    connect(ui->cmdAllowLow2High, &QPushButton::clicked, this, &frmOption::cmdAllowLow2High_Click);
+    connect(ui->cmdSaveCZ, &QPushButton::clicked, this, &frmOption::cmdSaveCZ_Click);
+    connect(ui->cmdHouseAssortAdd, &QPushButton::clicked, this, &frmOption::cmdHouseAssortAdd_Click);
+    connect(ui->cmdHouseAssortEdit, &QPushButton::clicked, this, &frmOption::cmdHouseAssortEdit_Click);
+    connect(ui->lvwHouseAssort, &QTreeWidget::itemDoubleClicked, this, &frmOption::cmdHouseAssortEdit_Click);
+    connect(ui->cmdHouseAssortDel, &QPushButton::clicked, this, &frmOption::cmdHouseAssortDel_Click);
+    connect(ui->cmdHouseAdd, &QPushButton::clicked, this, &frmOption::cmdHouseAdd_Click);
+    connect(ui->cmdHouseAddBat, &QPushButton::clicked, this, &frmOption::cmdHouseAddBat_Click);
+    connect(ui->cmdHouseEdit, &QPushButton::clicked, this, &frmOption::cmdHouseEdit_Click);
+    connect(ui->lvwHouse, &QTreeWidget::itemDoubleClicked, this, &frmOption::cmdHouseEdit_Click);
+    connect(ui->cmdHouseDel, &QPushButton::clicked, this, &frmOption::cmdHouseDel_Click);
+    connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+
+    loadPayLevels();
+    loadHouseAssorts();
+    loadHouses();
+    loadRules();
+}
+
+frmOption::~frmOption() = default;
+
+void frmOption::ShowMe(int page) {
+    ui->ctbThis->setCurrentIndex(page);
+    exec();
+}
+
+QString frmOption::selectedKey(QTreeWidget* list) {
+    QTreeWidgetItem* item = list->currentItem();
+    return item ? item->data(0, Qt::UserRole).toString() : QString();
+}
+
+void frmOption::loadRules() {
+    ui->chkAllowHigh2Low->setChecked(IsFlagOn(GetSetup(QStringLiteral("AllowHigh2Low"))));
+    ui->ChkAllDiscount->setChecked(App().IsAllDiscount == 1);
+    ui->txtAllDiscount->setText(FormatNumber(App().AllDiscount, QStringLiteral("0.00")));
+    const int format = int(Val(GetSetup(QStringLiteral("PayMoneyFormat"))));
+    (format == 1 ? ui->optPayMoneyFormat1 : format == 2 ? ui->optPayMoneyFormat2 : ui->optPayMoneyFormat0)->setChecked(true);
+    ui->cmbCloseHouseCur->setCurrentIndex(Val(GetSetup(QStringLiteral("HClose"))) == 1 ? 1 : 0);
+    ui->txtLockTime->setText(QString::number(App().LockTime));
+}
+
+void frmOption::loadPayLevels() {
+    ui->lvwPayLevel->clear();
+    for (const Row r : DB().query(QStringLiteral("select PayLevel.* from PayLevel")))
+        addRow(ui->lvwPayLevel, r.text(QStringLiteral("PayLevelID")), PayLevelService::rowTexts(r));
+    fitColumns(ui->lvwPayLevel);
+}
+
+void frmOption::loadHouseAssorts() {
+    ui->lvwHouseAssort->clear();
+    for (const Row r : DB().query(QStringLiteral("select theAssort.*, PayLevel.PayLevelName from theAssort left join "
+                                                 "PayLevel on theAssort.PayLevelID=PayLevel.PayLevelID")))
+        addRow(ui->lvwHouseAssort, r.text(QStringLiteral("AssortID")),
+               {r.text(QStringLiteral("AssortName")), r.text(QStringLiteral("PayLevelName"))});
+    fitColumns(ui->lvwHouseAssort);
+}
+
+void frmOption::loadHouses() {
+    ui->lvwHouse->clear();
+    const QDateTime now = Now();
+    for (const Row r : fThe().GetLinkAll(QStringLiteral("1=1"), {})) {
+        const RoomStatusText s = RoomStatus(r.integer(QStringLiteral("State")), r.text(QStringLiteral("Other1")), now);
+        addRow(ui->lvwHouse, r.text(QStringLiteral("TheID")),
+               {r.text(QStringLiteral("TheCode")), r.text(QStringLiteral("AssortName")), s.label,
+                r.text(QStringLiteral("PayLevelName")), r.text(QStringLiteral("theDesc"))});
+    }
+    fitColumns(ui->lvwHouse);
+}
+
+void frmOption::cmdPayLevelAdd_Click() {
+    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    frmPayLevel dlg(this);
+    if (dlg.Add()) loadPayLevels();
+}
+
+void frmOption::cmdPayLevelEdit_Click() {
+    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    const QString key = selectedKey(ui->lvwPayLevel);
+    if (key.isEmpty()) return;
+    frmPayLevel dlg(this);
+    if (dlg.Edit(key)) {
+        loadPayLevels();
+        loadHouseAssorts();
+    }
+}
+
+void frmOption::cmdPayLevelDel_Click() {
+    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    const QString key = selectedKey(ui->lvwPayLevel);
+    if (key.isEmpty()) return;
+    if (const Refused r = PayLevelService::remove(key)) return ShowRefusal(this, *r);
+    loadPayLevels();
+}
+
+void frmOption::cmdAllDiscount_Click() {
+    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    BusinessRules::Discount d;
+    d.on = ui->ChkAllDiscount->isChecked();
+    d.rate = ui->txtAllDiscount->text();
+    d.payMoneyFormat = ui->optPayMoneyFormat1->isChecked() ? 1 : ui->optPayMoneyFormat2->isChecked() ? 2 : 0;
+    if (const Refused r = BusinessRules::applyDiscount(d)) ShowRefusal(this, *r);
+}
+
+void frmOption::cmdAllowLow2High_Click() {
+    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    BusinessRules::applyAllowHigh2Low(ui->chkAllowHigh2Low->isChecked());
+}
+
+void frmOption::cmdSaveCZ_Click() {
+    BusinessRules::saveCheckout(ui->cmbCloseHouseCur->currentIndex(), ui->txtLockTime->text());
+}
+
+void frmOption::cmdHouseAssortAdd_Click() {
+    if (!CheckPuissance(QStringLiteral("C002"))) return;
+    frmHouseAssort dlg(this);
+    if (dlg.Add()) loadHouseAssorts();
+}
+
+void frmOption::cmdHouseAssortEdit_Click() {
+    if (!CheckPuissance(QStringLiteral("C002"))) return;
+    const QString key = selectedKey(ui->lvwHouseAssort);
+    if (key.isEmpty()) return;
+    frmHouseAssort dlg(this);
+    if (dlg.Edit(key)) {
+        loadHouseAssorts();
+        loadHouses();
+    }
+}
+
+void frmOption::cmdHouseAssortDel_Click() {
+    if (!CheckPuissance(QStringLiteral("C002"))) return;
+    const QString key = selectedKey(ui->lvwHouseAssort);
+    if (key.isEmpty()) return;
+    if (const Refused r = RoomService().deleteRoomType(key)) return ShowRefusal(this, *r);
+    loadHouseAssorts();
+}
+
+void frmOption::cmdHouseAdd_Click() {
+    if (!CheckPuissance(QStringLiteral("C003"))) return;
+    frmHouse dlg(this);
+    if (dlg.Add()) loadHouses();
+}
+
+void frmOption::cmdHouseAddBat_Click() {
+    if (!CheckPuissance(QStringLiteral("C003"))) return;
+    frmHouseAddBat dlg(this);
+    if (dlg.Add()) loadHouses();
+}
+
+void frmOption::cmdHouseEdit_Click() {
+    if (!CheckPuissance(QStringLiteral("C003"))) return;
+    const QString key = selectedKey(ui->lvwHouse);
+    if (key.isEmpty()) return;
+    frmHouse dlg(this);
+    if (dlg.Edit(key)) loadHouses();
+}
+
+void frmOption::cmdHouseDel_Click() {
+    if (!CheckPuissance(QStringLiteral("C003"))) return;
+    const QString key = selectedKey(ui->lvwHouse);
+    if (key.isEmpty()) return;
+    if (const Refused r = RoomService().deleteRoom(key)) return ShowRefusal(this, *r);
+    loadHouses();
+}

@@ -1,0 +1,254 @@
+#include "RoomService.h"
+#include "AppState.h"
+#include "Clock.h"
+#include "Dialect.h"
+#include "Log.h"
+#include "NewID.h"
+#include "Val.h"
+#include "fThe.h"
+#include <cmath>
+
+namespace {
+const QString fAssortName = QStringLiteral("txtAssortName");
+const QString fAssort = QStringLiteral("imgcmbAssort");
+const QString fHouseCode = QStringLiteral("txtHouseCode");
+const QString fEndCode = QStringLiteral("txtEndCode");
+
+// One batch may not run away on a mistyped end number.
+constexpr qint64 MaxBatch = 1000;
+
+Refusal asked(const QString& message, const QString& field) {
+    return {message, field, Msg::Icon::Information};
+}
+Refusal refused(const QString& message, const QString& field = {}) {
+    return {message, field, Msg::Icon::Exclamation};
+}
+Refusal failed(const DbError& e, const QString& procedure, const QString& form) {
+    return {e.message(procedure, form), {}, Msg::Icon::Critical};
+}
+
+// An unset key is stored as null: the foreign keys refuse empty text.
+Param keyOrNull(const QString& key) {
+    return key.isEmpty() ? Param(nullptr) : Param(key);
+}
+} // namespace
+
+QString BatchCode(const QString& markerText, double n) {
+    if (std::floor(n) == n && std::fabs(n) < 1e15) return markerText + QString::number(qint64(n));
+    return markerText + QString::number(n, 'g', 15);
+}
+
+Rows RoomService::tariffs() const {
+    return m_db.query(
+        QStringLiteral("select PayLevelID, PayLevelName from PayLevel order by PayLevelName, PayLevelID"));
+}
+
+Rows RoomService::roomTypes() const {
+    return m_db.query(
+        QStringLiteral("select AssortID, AssortName from TheAssort order by AssortName, AssortID"));
+}
+
+QString RoomService::freshKey(const QString& table, const QString& column) {
+    // Keys are made per second; a burst of more than a hundred in one second, or another
+    // workstation in the same second, can meet a key already stored.
+    const QString sql = QStringLiteral("select count(*) from ") + table + QStringLiteral(" where ") + column +
+                        QStringLiteral("=?");
+    for (int attempt = 0;; ++attempt) {
+        QString id = NewID();
+        if (attempt >= 100) id += QString::number(attempt);
+        if (m_db.scalar(sql, {id}).toLongLong() == 0) return id;
+    }
+}
+
+bool RoomService::codeTaken(const QString& code, const QString& exceptID) const {
+    return m_db.scalar(QStringLiteral("select count(*) from The where TheCode=? and TheID<>?"),
+                       {code, exceptID})
+               .toLongLong() > 0;
+}
+
+// ---- room types
+
+std::optional<RoomTypeInput> RoomService::loadRoomType(const QString& assortID) const {
+    const Rows r = m_db.query(QStringLiteral("select * from TheAssort where AssortID=?"), {assortID});
+    if (r.isEmpty()) return std::nullopt;
+    const Row row = r.first();
+    return RoomTypeInput{row.text(QStringLiteral("AssortID")), row.text(QStringLiteral("AssortName")),
+                         row.text(QStringLiteral("PayLevelID"))};
+}
+
+Saved RoomService::saveRoomType(const RoomTypeInput& in) {
+    if (in.assortName.trimmed().isEmpty())
+        return {{}, asked(QStringLiteral("请输入分类名称！"), fAssortName)};
+    if (in.payLevelID.isEmpty()) return {{}, asked(QStringLiteral("请选择包厢所属分类！"), fAssort)};
+    try {
+        Transaction t(m_db);
+        QString id = in.assortID;
+        if (id.isEmpty()) {
+            id = freshKey(QStringLiteral("TheAssort"), QStringLiteral("AssortID"));
+            m_db.exec(
+                QStringLiteral("insert into TheAssort (AssortID, AssortName, PayLevelID) values (?, ?, ?)"),
+                {id, in.assortName, keyOrNull(in.payLevelID)});
+        } else if (m_db.exec(
+                       QStringLiteral("update TheAssort set AssortName=?, PayLevelID=? where AssortID=?"),
+                       {in.assortName, keyOrNull(in.payLevelID), id}) == 0) {
+            return {{}, refused(RoomText::typeGone())};
+        }
+        t.commit();
+        return {id, {}};
+    } catch (const DbError& e) {
+        return {{}, failed(e, QStringLiteral("SaveData"), QStringLiteral("frmHouseAssort"))};
+    }
+}
+
+Refused RoomService::deleteRoomType(const QString& assortID) {
+    try {
+        Transaction t(m_db);
+        if (m_db.scalar(QStringLiteral("select count(*) from The where AssortID=?"), {assortID})
+                .toLongLong() > 0)
+            return refused(RoomText::inUse());
+        m_db.exec(QStringLiteral("delete from TheAssort where AssortID=?"), {assortID});
+        t.commit();
+        return std::nullopt;
+    } catch (const DbError&) {
+        // A room given the type meanwhile: the foreign key refuses.
+        return refused(RoomText::inUse());
+    }
+}
+
+// ---- rooms
+
+std::optional<RoomInput> RoomService::loadRoom(const QString& theID) const {
+    const Rows r = fThe(m_db).GetByID(theID);
+    if (r.isEmpty()) return std::nullopt;
+    const Row row = r.first();
+    return RoomInput{row.text(QStringLiteral("TheID")), row.text(QStringLiteral("TheCode")),
+                     row.text(QStringLiteral("AssortID")), row.text(QStringLiteral("theDesc"))};
+}
+
+Saved RoomService::saveRoom(const RoomInput& in) {
+    const QString code = in.theCode.trimmed();
+    if (code.isEmpty()) return {{}, asked(QStringLiteral("请输入手牌编号！"), fHouseCode)};
+    if (in.assortID.isEmpty()) return {{}, asked(QStringLiteral("请选择包厢的类型！"), fAssort)};
+    // A key made on another workstation in the same second can collide once or twice.
+    for (int attempt = 1;; ++attempt) {
+        try {
+            Transaction t(m_db);
+            if (codeTaken(code, in.theID)) return {{}, refused(RoomText::duplicateCode(), fHouseCode)};
+            QString id = in.theID;
+            if (id.isEmpty()) {
+                id = freshKey(QStringLiteral("The"), QStringLiteral("TheID"));
+                m_db.exec(
+                    QStringLiteral("insert into The (TheID, TheCode, AssortID, theDesc) values (?, ?, ?, ?)"),
+                    {id, code, keyOrNull(in.assortID), in.theDesc});
+            } else if (m_db.exec(
+                           QStringLiteral("update The set TheCode=?, AssortID=?, theDesc=? where TheID=?"),
+                           {code, keyOrNull(in.assortID), in.theDesc, id}) == 0) {
+                return {{}, refused(RoomText::roomGone())};
+            }
+            WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("营业设置"), QStringLiteral("设置包厢"),
+                     2, true, QStringLiteral("编辑包厢数据，包厢号：") + code, m_db);
+            t.commit();
+            return {id, {}};
+        } catch (const DbError& e) {
+            if (!m_db.dialect().isUniqueViolation(e))
+                return {{}, failed(e, QStringLiteral("SaveData"), QStringLiteral("frmHouse"))};
+            // The same code saved on another workstation meanwhile, or a key collision.
+            if (attempt >= 3 || !in.theID.isEmpty())
+                return {{}, refused(RoomText::duplicateCode(), fHouseCode)};
+            try {
+                if (codeTaken(code, in.theID)) return {{}, refused(RoomText::duplicateCode(), fHouseCode)};
+            } catch (const DbError& again) {
+                return {{}, failed(again, QStringLiteral("SaveData"), QStringLiteral("frmHouse"))};
+            }
+        }
+    }
+}
+
+BatchAdded RoomService::addRooms(const RoomBatchInput& in) {
+    if (in.startCode.trimmed().isEmpty()) return {0, asked(QStringLiteral("请输入手牌编号！"), fHouseCode)};
+    if (!IsNumeric(in.startCode)) return {0, asked(QStringLiteral("手牌编号只能输入数字！"), fHouseCode)};
+    if (!IsNumeric(in.endCode)) return {0, asked(QStringLiteral("手牌的结束编号只能输入数字！"), fEndCode)};
+    const double start = Val(in.startCode), end = Val(in.endCode);
+    if (!(end > start)) return {0, asked(QStringLiteral("手牌的结束编号应大于开始编号！"), fEndCode)};
+    if (end - start >= double(MaxBatch))
+        return {0,
+                asked(QStringLiteral("一次最多只能增加%1个包厢，请缩小编号范围！").arg(MaxBatch), fEndCode)};
+    if (in.assortID.isEmpty()) return {0, asked(QStringLiteral("请选择包厢的类型！"), fAssort)};
+
+    const qint64 count = qint64(std::floor(end - start)) + 1;
+    try {
+        Transaction t(m_db);
+        for (qint64 i = 0; i < count; ++i) {
+            const QString code = BatchCode(in.markerText, start + double(i));
+            if (codeTaken(code)) return {0, refused(RoomText::duplicateCode(), fHouseCode)};
+            m_db.exec(
+                QStringLiteral("insert into The (TheID, TheCode, AssortID, theDesc) values (?, ?, ?, ?)"),
+                {freshKey(QStringLiteral("The"), QStringLiteral("TheID")), code, keyOrNull(in.assortID),
+                 in.theDesc});
+        }
+        t.commit();
+        return {int(count), std::nullopt};
+    } catch (const DbError& e) {
+        if (m_db.dialect().isUniqueViolation(e)) return {0, refused(RoomText::duplicateCode(), fHouseCode)};
+        return {0, failed(e, QStringLiteral("SaveData"), QStringLiteral("frmHouseAddBat"))};
+    }
+}
+
+Refused RoomService::deleteRoom(const QString& theID) {
+    try {
+        Transaction t(m_db);
+        if (m_db.scalar(QStringLiteral("select count(*) from Expense where TheID=?"), {theID}).toLongLong() >
+            0)
+            return refused(RoomText::inUse());
+        // Conditional, so a room opened meanwhile on another workstation stays.
+        if (m_db.exec(QStringLiteral("delete from The where TheID=? and State<>1"), {theID}) == 0 &&
+            !fThe(m_db).GetByID(theID).isEmpty())
+            return refused(RoomText::inUse());
+        t.commit();
+        return std::nullopt;
+    } catch (const DbError&) {
+        return refused(RoomText::inUse());
+    }
+}
+
+// ---- out of service and back
+
+Refused RoomService::missingOrChanged(const QString& theID) const {
+    return fThe(m_db).GetByID(theID).isEmpty() ? refused(RoomText::roomGone())
+                                               : refused(RoomText::stateChanged());
+}
+
+Refused RoomService::HouseStop(const QString& theID) {
+    try {
+        Transaction t(m_db);
+        const Rows r = fThe(m_db).GetByID(theID);
+        if (r.isEmpty()) return refused(RoomText::roomGone());
+        const qint64 state = r.first().integer(QStringLiteral("State"));
+        const QString other1 = r.first().text(QStringLiteral("Other1"));
+        // Free is what the board shows as free: a lock that has run out included.
+        if (RoomStatus(state, other1, Now()).key != QLatin1String("Common"))
+            return refused(RoomText::stateChanged());
+        // Only if nobody changed the row since it was read.
+        if (m_db.exec(
+                QStringLiteral("update The set State=2 where TheID=? and State=? and coalesce(Other1,'')=?"),
+                {theID, state, other1}) == 0)
+            return missingOrChanged(theID);
+        t.commit();
+        return std::nullopt;
+    } catch (const DbError& e) {
+        return failed(e, QStringLiteral("HouseStop"), QStringLiteral("frmMain"));
+    }
+}
+
+Refused RoomService::HouseResume(const QString& theID) {
+    try {
+        Transaction t(m_db);
+        if (m_db.exec(QStringLiteral("update The set State=0, Other1='' where TheID=? and State in (2, 4)"),
+                      {theID}) == 0)
+            return missingOrChanged(theID);
+        t.commit();
+        return std::nullopt;
+    } catch (const DbError& e) {
+        return failed(e, QStringLiteral("HouseResume"), QStringLiteral("frmMain"));
+    }
+}

@@ -1,0 +1,15 @@
+#pragma once
+#include "MessageBox.h"
+#include <QString>
+#include <optional>
+
+// Why a service did not do what it was asked: the user's message, the objectName of the
+// control that gets the focus, and the icon of the message.
+struct Refusal {
+    QString message;
+    QString field;
+    Msg::Icon icon = Msg::Icon::Information;
+};
+
+// A service's answer: nothing when it succeeded.
+using Refused = std::optional<Refusal>;
