@@ -11,11 +11,6 @@
 #include <QTreeWidget>
 
 namespace {
-QStringList messages() {
-    QStringList out;
-    for (const Msg::Shown& s : Msg::taken()) out << s.text;
-    return out;
-}
 template <class T> T* child(QWidget& w, const char* name) { return w.findChild<T*>(QString::fromLatin1(name)); }
 
 void signInWithout(const QString& code) {

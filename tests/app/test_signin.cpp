@@ -25,11 +25,6 @@ void addOperator(const QString& id, const QString& login, const QString& pw, int
               {id, login, QStringLiteral("名字") + login, hashed ? Password::hash(pw) : pw, 25.0, 15.0, state});
 }
 
-QStringList messages() {
-    QStringList out;
-    for (const Msg::Shown& s : Msg::taken()) out << s.text;
-    return out;
-}
 
 int logRows(const QString& content) {
     return DB().scalar(QStringLiteral("select count(*) from s_log where theContent=?"), {content}).toInt();

@@ -25,11 +25,6 @@ PayLevelInput valid() {
     return in;
 }
 
-QStringList messages() {
-    QStringList out;
-    for (const Msg::Shown& s : Msg::taken()) out << s.text;
-    return out;
-}
 
 void choose(QComboBox* c, const QString& text) {
     c->setCurrentIndex(c->findText(text));

@@ -80,3 +80,9 @@ bool TestVenue::open(Db& db) {
     }
     return true;
 }
+
+QStringList messages() {
+    QStringList out;
+    for (const Msg::Shown& s : Msg::taken()) out << s.text;
+    return out;
+}

@@ -27,3 +27,6 @@ private:
     do {                                                                                                     \
         if (!(venue).open()) QSKIP("PostgreSQL test server not configured (SINGBOX_TEST_PG)");               \
     } while (0)
+
+// The texts of the messages shown since the last call.
+QStringList messages();
