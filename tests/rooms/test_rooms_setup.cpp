@@ -47,13 +47,6 @@ QStringList sorted(QStringList list) {
     return list;
 }
 
-QStringList shown() {
-    QStringList out;
-    for (const Msg::Shown& s : Msg::taken())
-        out << s.text;
-    return out;
-}
-
 template <class T> T* child(QWidget& w, const char* name) {
     T* c = w.findChild<T*>(QLatin1String(name));
     if (!c) qFatal("no control %s", name);
@@ -502,13 +495,13 @@ class TestRoomsSetup : public QObject {
 
         name->setText(QStringLiteral("豪华包"));
         QTest::mouseClick(child<QPushButton>(dlg, "cmdOK"), Qt::LeftButton);
-        QCOMPARE(shown(), QStringList{QStringLiteral("请选择包厢所属分类！")});
+        QCOMPARE(messages(), QStringList{QStringLiteral("请选择包厢所属分类！")});
         QCOMPARE(focused(), QStringLiteral("imgcmbAssort"));
         QVERIFY(dlg.isVisible());
 
         pick(tariff, QStringLiteral("p2"));
         dlg.cmdOK_Click();
-        QVERIFY(shown().isEmpty());
+        QVERIFY(messages().isEmpty());
         QVERIFY(dlg.saved());
         QCOMPARE(dlg.result(), int(QDialog::Accepted));
         QCOMPARE(DB().scalar(QStringLiteral("select PayLevelID from TheAssort where AssortName=?"),
@@ -529,7 +522,7 @@ class TestRoomsSetup : public QObject {
 
         frmHouseAssort missing;
         QVERIFY(!missing.startEdit(QStringLiteral("gone")));
-        QCOMPARE(shown(), QStringList{RoomText::typeGone()});
+        QCOMPARE(messages(), QStringList{RoomText::typeGone()});
     }
 
     void roomDialogAddsOneAfterAnother_data() {
@@ -560,7 +553,7 @@ class TestRoomsSetup : public QObject {
         desc->setText(QStringLiteral("角落"));
         look(dlg, QStringLiteral("frmHouse"));
         dlg.cmdOK_Click();
-        QVERIFY(shown().isEmpty());
+        QVERIFY(messages().isEmpty());
         QVERIFY(dlg.isVisible());
         QVERIFY(dlg.saved());
         QCOMPARE(codes(), QStringList{QStringLiteral("101")});
@@ -574,7 +567,7 @@ class TestRoomsSetup : public QObject {
         code->setText(QStringLiteral("101"));
         pick(type, QStringLiteral("t2"));
         dlg.cmdOK_Click();
-        QCOMPARE(shown(), QStringList{RoomText::duplicateCode()});
+        QCOMPARE(messages(), QStringList{RoomText::duplicateCode()});
         QCOMPARE(focused(), QStringLiteral("txtHouseCode"));
         code->setText(QStringLiteral("102"));
         dlg.cmdOK_Click();
@@ -595,7 +588,7 @@ class TestRoomsSetup : public QObject {
         QCOMPARE(child<QComboBox>(dlg, "imgcmbAssort")->currentData().toString(), QStringLiteral("t1"));
         child<QLineEdit>(dlg, "txtHouseCode")->clear();
         dlg.cmdOK_Click();
-        QCOMPARE(shown(), QStringList{QStringLiteral("请输入手牌编号！")});
+        QCOMPARE(messages(), QStringList{QStringLiteral("请输入手牌编号！")});
         QCOMPARE(focused(), QStringLiteral("txtHouseCode"));
         child<QLineEdit>(dlg, "txtHouseCode")->setText(QStringLiteral("V01"));
         pick(child<QComboBox>(dlg, "imgcmbAssort"), QStringLiteral("t2"));
@@ -607,7 +600,7 @@ class TestRoomsSetup : public QObject {
 
         frmHouse missing;
         QVERIFY(!missing.startEdit(QStringLiteral("gone")));
-        QCOMPARE(shown(), QStringList{RoomText::roomGone()});
+        QCOMPARE(messages(), QStringList{RoomText::roomGone()});
     }
 
     void batchDialog() {
@@ -623,7 +616,7 @@ class TestRoomsSetup : public QObject {
         child<QLineEdit>(dlg, "txtHouseCode")->setText(QStringLiteral("5"));
         child<QLineEdit>(dlg, "txtEndCode")->setText(QStringLiteral("2"));
         dlg.cmdOK_Click();
-        QCOMPARE(shown(), QStringList{QStringLiteral("手牌的结束编号应大于开始编号！")});
+        QCOMPARE(messages(), QStringList{QStringLiteral("手牌的结束编号应大于开始编号！")});
         QCOMPARE(focused(), QStringLiteral("txtEndCode"));
 
         child<QLineEdit>(dlg, "txtHouseCode")->setText(QStringLiteral("1"));
@@ -631,13 +624,13 @@ class TestRoomsSetup : public QObject {
         pick(child<QComboBox>(dlg, "imgcmbAssort"), QStringLiteral("t1"));
         look(dlg, QStringLiteral("frmHouseAddBat"));
         dlg.cmdOK_Click();
-        QCOMPARE(shown(), QStringList{RoomText::duplicateCode()});
+        QCOMPARE(messages(), QStringList{RoomText::duplicateCode()});
         QVERIFY(dlg.isVisible());
         QCOMPARE(rooms(), 1);
 
         child<QLineEdit>(dlg, "txtMarkerText")->setText(QStringLiteral("B"));
         dlg.cmdOK_Click();
-        QVERIFY(shown().isEmpty());
+        QVERIFY(messages().isEmpty());
         QCOMPARE(dlg.result(), int(QDialog::Accepted));
         QCOMPARE(dlg.added(), 4);
         QCOMPARE(codes(), (QStringList{QStringLiteral("A3"), QStringLiteral("B1"), QStringLiteral("B2"),
