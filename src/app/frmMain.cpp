@@ -13,6 +13,7 @@
 #include "frmAbout.h"
 #include "frmLogin.h"
 #include "frmOption.h"
+#include "RoomBoard.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -35,26 +36,25 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     ui->ctbThis->setTabEnabled(0, false); // the home page comes later
     ui->ctbThis->setCurrentIndex(1);
 
-    // Refresh bar of the board page.
-    auto* bar = new QHBoxLayout;
-    auto* lbl = new QLabel(QStringLiteral("刷新时间(秒):"), ui->pageBoard);
-    m_txtTime = new QLineEdit(ui->pageBoard);
+    m_board = new RoomBoard(ui->pageBoard);
+    ui->layBoard->addWidget(m_board);
+    // Refresh seconds, at the end of the board's row.
+    m_board->toolRow()->addWidget(new QLabel(QStringLiteral("刷新时间(秒):"), m_board));
+    m_txtTime = new QLineEdit(m_board);
     m_txtTime->setObjectName(QStringLiteral("txtTime"));
     m_txtTime->setMaximumWidth(60);
-    bar->addStretch(1);
-    bar->addWidget(lbl);
-    bar->addWidget(m_txtTime);
-    ui->layBoard->addLayout(bar);
-    ui->layBoard->addStretch(1);
+    m_board->toolRow()->addWidget(m_txtTime);
     connect(m_txtTime, &QLineEdit::editingFinished, this, &frmMain::txtTime_LostFocus);
 
     m_tmRefurbish = new QTimer(this);
     m_tmRefurbish->setObjectName(QStringLiteral("tmRefurbish"));
+    connect(m_tmRefurbish, &QTimer::timeout, m_board, &RoomBoard::LoadRoomTabs);
 
     buildMenus();
     buildToolbar();
     buildStatusBar();
     buildHelpPanel();
+    wireBoard();
 
     wire(QStringLiteral("mnuExit"), [this] { close(); });
     wire(QStringLiteral("mnuRelogin"), [this] { Relogin(); });
@@ -113,10 +113,13 @@ void frmMain::runCommand(const QString& name) {
 }
 
 void frmMain::buildMenus() {
-    QHash<QString, QMenu*> menus;
+    QHash<QString, QMenu*>& menus = m_menus;
     for (const MenuCommand& c : MenuCommands()) {
         QMenu*& menu = menus[c.menu];
-        if (!menu) menu = menuBar()->addMenu(c.menu);
+        if (!menu) {
+            menu = menuBar()->addMenu(c.menu);
+            if (m_menus.size() == 1) menu->setObjectName(QStringLiteral("mnuOperation"));
+        }
         if (c.name.isEmpty()) {
             menu->addSeparator();
             continue;
@@ -235,6 +238,8 @@ void frmMain::Init() {
         memo.replace(QLatin1Char('|'), QLatin1Char('\n'));
         ui->txtMemo->setPlainText(memo);
         refreshOperatorPanel();
+        m_board->LoadRoomTabs();
+        m_board->currentView()->setFocus();
     } catch (const DbError& e) {
         Msg::critical(this, e.message(QStringLiteral("Init"), QStringLiteral("frmMain")));
     }

@@ -14,6 +14,8 @@ class QPlainTextEdit;
 class QTimer;
 class QToolBar;
 class QDockWidget;
+class QMenu;
+class RoomBoard;
 
 // The main window: three pages (home, board, memo), the menu, the toolbar and the
 // status bar. Subsystems wire their commands in; an unwired item stays disabled.
@@ -34,21 +36,34 @@ public:
     void txtTime_LostFocus();
     QTimer* refreshTimer() const { return m_tmRefurbish; }
     QWidget* boardPage() const;
+    RoomBoard* board() const { return m_board; }
+    bool isWired(const QString& name) const { return m_handlers.contains(name); }
+    // Runs a menu command as its menu item would: its right first, then its action.
+    void runCommand(const QString& name);
 
 private:
     void buildMenus();
     void buildToolbar();
     void buildStatusBar();
     void buildHelpPanel();
-    void runCommand(const QString& name);
     void toolbarClicked(const QString& key);
     void showHelpFor(QWidget* focused);
+    // The board's commands (MainBoard.cpp).
+    void wireBoard();
+    void applyRoomState(const QString& statusKey);
+    void OpenRoom();
+    void HouseStop();
+    void HouseResume();
+    void ChangeRoom();
+    void MergeBills();
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
     std::unique_ptr<Ui::frmMain> ui;
     QHash<QString, QAction*> m_actions;
     QHash<QString, std::function<void()>> m_handlers;
+    QHash<QString, QMenu*> m_menus;
+    RoomBoard* m_board = nullptr;
     QToolBar* m_tbrMain = nullptr;
     QLabel* m_sbAppName = nullptr;
     QLabel* m_sbOperator = nullptr;

@@ -2,6 +2,7 @@
 #include "AppState.h"
 #include "Clock.h"
 #include "Dialect.h"
+#include "Gateway.h"
 #include "Log.h"
 #include "NewID.h"
 #include "Val.h"
@@ -48,18 +49,6 @@ Rows RoomService::roomTypes() const {
         QStringLiteral("select AssortID, AssortName from TheAssort order by AssortName, AssortID"));
 }
 
-QString RoomService::freshKey(const QString& table, const QString& column) {
-    // Keys are made per second; a burst of more than a hundred in one second, or another
-    // workstation in the same second, can meet a key already stored.
-    const QString sql = QStringLiteral("select count(*) from ") + table + QStringLiteral(" where ") + column +
-                        QStringLiteral("=?");
-    for (int attempt = 0;; ++attempt) {
-        QString id = NewID();
-        if (attempt >= 100) id += QString::number(attempt);
-        if (m_db.scalar(sql, {id}).toLongLong() == 0) return id;
-    }
-}
-
 bool RoomService::codeTaken(const QString& code, const QString& exceptID) const {
     return m_db.scalar(QStringLiteral("select count(*) from The where TheCode=? and TheID<>?"),
                        {code, exceptID})
@@ -84,7 +73,7 @@ Saved RoomService::saveRoomType(const RoomTypeInput& in) {
         Transaction t(m_db);
         QString id = in.assortID;
         if (id.isEmpty()) {
-            id = freshKey(QStringLiteral("TheAssort"), QStringLiteral("AssortID"));
+            id = FreshKey(QStringLiteral("TheAssort"), QStringLiteral("AssortID"), m_db);
             m_db.exec(
                 QStringLiteral("insert into TheAssort (AssortID, AssortName, PayLevelID) values (?, ?, ?)"),
                 {id, in.assortName, keyOrNull(in.payLevelID)});
@@ -136,7 +125,7 @@ Saved RoomService::saveRoom(const RoomInput& in) {
             if (codeTaken(code, in.theID)) return {{}, refused(RoomText::duplicateCode(), fHouseCode)};
             QString id = in.theID;
             if (id.isEmpty()) {
-                id = freshKey(QStringLiteral("The"), QStringLiteral("TheID"));
+                id = FreshKey(QStringLiteral("The"), QStringLiteral("TheID"), m_db);
                 m_db.exec(
                     QStringLiteral("insert into The (TheID, TheCode, AssortID, theDesc) values (?, ?, ?, ?)"),
                     {id, code, keyOrNull(in.assortID), in.theDesc});
@@ -183,7 +172,7 @@ BatchAdded RoomService::addRooms(const RoomBatchInput& in) {
             if (codeTaken(code)) return {0, refused(RoomText::duplicateCode(), fHouseCode)};
             m_db.exec(
                 QStringLiteral("insert into The (TheID, TheCode, AssortID, theDesc) values (?, ?, ?, ?)"),
-                {freshKey(QStringLiteral("The"), QStringLiteral("TheID")), code, keyOrNull(in.assortID),
+                {FreshKey(QStringLiteral("The"), QStringLiteral("TheID"), m_db), code, keyOrNull(in.assortID),
                  in.theDesc});
         }
         t.commit();

@@ -74,7 +74,6 @@ class RoomService {
     Refused HouseResume(const QString& theID);
 
   private:
-    QString freshKey(const QString& table, const QString& column);
     bool codeTaken(const QString& code, const QString& exceptID = {}) const;
     Refused missingOrChanged(const QString& theID) const;
 

@@ -1,4 +1,5 @@
 #include "Gateway.h"
+#include "NewID.h"
 #include <QFile>
 #include <QRegularExpression>
 
@@ -73,5 +74,15 @@ bool ReadDataDB(const QString& table, const QString& field, const QString& keyCo
     } catch (const DbError& e) {
         if (error) *error = e.message(QStringLiteral("ReadDataDB"), QStringLiteral("mdQNDbToForm"), QStringLiteral("Module"));
         return false;
+    }
+}
+
+QString FreshKey(const QString& table, const QString& column, Db& db) {
+    const QString sql = QStringLiteral("select count(*) from ") + table + QStringLiteral(" where ") + column +
+                        QStringLiteral("=?");
+    for (int attempt = 0;; ++attempt) {
+        QString id = NewID();
+        if (attempt >= 100) id += QString::number(attempt);
+        if (db.scalar(sql, {id}).toLongLong() == 0) return id;
     }
 }

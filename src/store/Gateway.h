@@ -26,5 +26,9 @@ bool WriteDataToDB(const QString& table, const QString& field, const QString& ke
 bool ReadDataDB(const QString& table, const QString& field, const QString& keyColumn, const QString& key,
                 const QString& path, QString* error = nullptr, Db& db = DB());
 
+// A new key for `table`.`column` that no row holds yet. Keys are made per second, so a burst
+// or another workstation in the same second can meet a stored key; the next one is tried.
+QString FreshKey(const QString& table, const QString& column, Db& db = DB());
+
 // True for a plain SQL identifier.
 bool IsIdentifier(const QString& name);

@@ -6,9 +6,14 @@
 // Why a service did not do what it was asked: the user's message, the objectName of the
 // control that gets the focus, and the icon of the message.
 struct Refusal {
+    Refusal() = default;
+    Refusal(QString message, QString field = {}, Msg::Icon icon = Msg::Icon::Information, QString title = {})
+        : message(std::move(message)), field(std::move(field)), icon(icon), title(std::move(title)) {}
+
     QString message;
     QString field;
     Msg::Icon icon = Msg::Icon::Information;
+    QString title;
 };
 
 // A service's answer: nothing when it succeeded.

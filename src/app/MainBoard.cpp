@@ -1,0 +1,129 @@
+// The room commands of the main window: what the board's selection allows, and the
+// commands that open, stop, resume, move and merge rooms.
+#include "MessageBox.h"
+#include "RefusalShow.h"
+#include "RoomBoard.h"
+#include "RoomService.h"
+#include "frmExpenseAmalgamate.h"
+#include "frmHouseChange.h"
+#include "frmMain.h"
+#include "frmOpenHouse.h"
+#include <QAction>
+#include <QLineEdit>
+#include <QMenu>
+
+namespace {
+struct StateRule {
+    QStringList names;
+    bool common, use, reservation, stopOrLock;
+};
+
+const QList<StateRule>& stateRules() {
+    static const QList<StateRule> rules = {
+        {{QStringLiteral("mnuOpOpen"), QStringLiteral("tbrOPENHOUSE")}, true, false, true, false},
+        {{QStringLiteral("mnuOpExpense"), QStringLiteral("tbrEXPENSE")}, false, true, false, false},
+        {{QStringLiteral("mnuOpEnd"), QStringLiteral("tbrCLOSEHOUSE")}, false, true, false, false},
+        {{QStringLiteral("mnuPrintExpense")}, false, true, false, false},
+        {{QStringLiteral("mnuHouseStop")}, true, false, false, false},
+        {{QStringLiteral("mnuHouseResume")}, false, false, false, true},
+        {{QStringLiteral("mnuHouseChange")}, false, true, false, false},
+        {{QStringLiteral("mnuReservation")}, true, false, false, false},
+        {{QStringLiteral("mnuReservationView"), QStringLiteral("mnuReservationCancel")},
+         false,
+         false,
+         true,
+         false},
+    };
+    return rules;
+}
+
+// What a double click or Enter does to a room of each status.
+QString defaultCommand(const QString& status) {
+    if (status == QLatin1String("Use")) return QStringLiteral("mnuOpExpense");
+    if (status == QLatin1String("Stop") || status == QLatin1String("Lock"))
+        return QStringLiteral("mnuHouseResume");
+    if (status == QLatin1String("Reservation")) return QStringLiteral("mnuReservationView");
+    return QStringLiteral("mnuOpOpen");
+}
+} // namespace
+
+void frmMain::wireBoard() {
+    connect(m_board, &RoomBoard::selectionShown, this, &frmMain::applyRoomState);
+    connect(m_board, &RoomBoard::defaultActionRequested, this,
+            [this](const QString& status) { runCommand(defaultCommand(status)); });
+    connect(m_board, &RoomBoard::closeRequested, this, [this] { runCommand(QStringLiteral("mnuOpEnd")); });
+    connect(m_board, &RoomBoard::finderCommand, this, [this](QChar key) {
+        QAction* a =
+            action(key == QLatin1Char('j') ? QStringLiteral("mnuOpEnd") : QStringLiteral("mnuOpOpen"));
+        if (a && a->isEnabled()) a->trigger();
+    });
+    connect(m_board, &RoomBoard::menuRequested, this, [this](const QPoint& pos) {
+        if (QMenu* m = m_menus.value(QStringLiteral("营业(&B)"))) m->popup(pos);
+    });
+
+    wire(QStringLiteral("mnuOpOpen"), [this] { OpenRoom(); });
+    wire(QStringLiteral("tbrOPENHOUSE"), [this] { runCommand(QStringLiteral("mnuOpOpen")); });
+    wire(QStringLiteral("mnuHouseStop"), [this] { HouseStop(); });
+    wire(QStringLiteral("mnuHouseResume"), [this] { HouseResume(); });
+    wire(QStringLiteral("mnuHouseChange"), [this] { ChangeRoom(); });
+    wire(QStringLiteral("mnuExpenseAmalgamate"), [this] { MergeBills(); });
+}
+
+void frmMain::applyRoomState(const QString& status) {
+    const bool use = status == QLatin1String("Use"), reservation = status == QLatin1String("Reservation");
+    const bool stopOrLock = status == QLatin1String("Stop") || status == QLatin1String("Lock");
+    const bool common = !use && !reservation && !stopOrLock;
+    for (const StateRule& r : stateRules()) {
+        const bool on = (common && r.common) || (use && r.use) || (reservation && r.reservation) ||
+                        (stopOrLock && r.stopOrLock);
+        // A command whose window is not there yet stays off.
+        for (const QString& name : r.names)
+            if (QAction* a = action(name)) a->setEnabled(on && isWired(name));
+    }
+}
+
+void frmMain::OpenRoom() {
+    const QString theID = m_board->selectedTheID();
+    if (theID.isEmpty()) return;
+    frmOpenHouse dlg(this);
+    const QString key = dlg.Add(theID);
+    if (key.isEmpty()) return;
+    m_board->setSelectedState(QStringLiteral("Use"), QStringLiteral("使用"), key);
+    // Straight on to ordering; the right was asked in the dialog.
+    if (dlg.wantsExpense())
+        if (auto h = m_handlers.value(QStringLiteral("mnuOpExpense"))) h();
+}
+
+void frmMain::HouseStop() {
+    const QString theID = m_board->selectedTheID();
+    if (theID.isEmpty()) return;
+    if (const Refused r = RoomService().HouseStop(theID)) {
+        ShowRefusal(this, *r);
+        m_board->LoadRoomList();
+        return;
+    }
+    m_board->setSelectedState(QStringLiteral("Stop"), QStringLiteral("停用"), QString());
+}
+
+void frmMain::HouseResume() {
+    const QString theID = m_board->selectedTheID();
+    if (theID.isEmpty()) return;
+    if (const Refused r = RoomService().HouseResume(theID)) {
+        ShowRefusal(this, *r);
+        m_board->LoadRoomList();
+        return;
+    }
+    m_board->setSelectedState(QStringLiteral("Common"), QStringLiteral("空闲"), QString());
+}
+
+void frmMain::ChangeRoom() {
+    const QString tag = m_board->selectedTag();
+    if (tag.isEmpty()) return;
+    frmHouseChange dlg(this);
+    if (dlg.Edit(tag)) m_board->LoadRoomList();
+}
+
+void frmMain::MergeBills() {
+    frmExpenseAmalgamate dlg(this);
+    if (dlg.Add()) m_board->LoadRoomList();
+}

@@ -1,0 +1,98 @@
+#pragma once
+#include "BoardService.h"
+#include <QWidget>
+
+class QButtonGroup;
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QListView;
+class QPushButton;
+class QStackedWidget;
+class QStandardItem;
+class QStandardItemModel;
+class QTabBar;
+class QTreeView;
+class QTreeWidget;
+
+// The room board of the main window: a tab per room type, the rooms of the current tab as
+// tiles or as a table, the filter, the detail panel of the selected room with its running
+// bill, and the room finder. The commands themselves belong to the main window; the board
+// tells it what is selected and what the cashier asked for.
+class RoomBoard : public QWidget {
+    Q_OBJECT
+  public:
+    // Data roles of a room item (column 0).
+    enum Role { KeyRole = Qt::UserRole, StatusRole, TagRole, OpenTimeRole };
+
+    explicit RoomBoard(QWidget* parent = nullptr);
+    ~RoomBoard() override;
+
+    // Tabs again, then the list; the tab and the selected room stay when they still exist.
+    void LoadRoomTabs();
+    void LoadRoomList();
+    void ShowSelected();
+
+    void setShowMode(ShowMode mode);
+    ShowMode showMode() const { return m_mode; }
+    void setDetailsView(bool details);
+    bool detailsView() const;
+
+    // The selected room: key "K" + TheID, its status key and its bill.
+    QString selectedKey() const;
+    QString selectedTheID() const;
+    QString selectedStatus() const;
+    QString selectedTag() const;
+    QString currentAssortID() const;
+    // Selects the room with this TheID in the current list; false when not listed.
+    bool selectRoom(const QString& theID);
+    // Sets the selected item after a command and shows it again.
+    void setSelectedState(const QString& statusKey, const QString& label, const QString& tag);
+
+    // The row of the board page where the main window adds its own boxes.
+    QHBoxLayout* toolRow() const { return m_toolRow; }
+    QLineEdit* findBox() const { return m_txtFindHouse; }
+    QWidget* currentView() const;
+    QStandardItemModel* model() const { return m_model; }
+    QTreeWidget* detailList() const { return m_lvwDetail; }
+
+  Q_SIGNALS:
+    // After the panel shows a room: the main window sets its commands by the status.
+    void selectionShown(const QString& statusKey);
+    // Double click, Enter, or space in the finder.
+    void defaultActionRequested(const QString& statusKey);
+    // "." or "j" on a room in use.
+    void closeRequested();
+    // "j" or "o" in the finder on a found room.
+    void finderCommand(QChar key);
+    void menuRequested(const QPoint& globalPos);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void buildUi();
+    void fillModel(const QList<BoardRoom>& rooms);
+    QStandardItem* selectedItem() const;
+    void findHouse(int key);
+    void showPanel(const BoardPanel& p);
+    void sortDetail(int column);
+
+    BoardService m_service;
+    ShowMode m_mode = ShowMode::All;
+    bool m_loading = false;
+
+    QHBoxLayout* m_toolRow = nullptr;
+    QTabBar* m_ctabThis = nullptr;
+    QButtonGroup* m_filters = nullptr;
+    QPushButton* m_cmdView = nullptr;
+    QPushButton* m_cmdRefurbish = nullptr;
+    QLineEdit* m_txtFindHouse = nullptr;
+    QLabel* m_txtFindHouseInfo = nullptr;
+    QStackedWidget* m_stack = nullptr;
+    QListView* m_icons = nullptr;
+    QTreeView* m_details = nullptr;
+    QStandardItemModel* m_model = nullptr;
+    QTreeWidget* m_lvwDetail = nullptr;
+    QHash<QString, QLabel*> m_panel;
+};

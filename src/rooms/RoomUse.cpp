@@ -1,0 +1,185 @@
+#include "RoomUse.h"
+#include "AppState.h"
+#include "Clock.h"
+#include "Dialect.h"
+#include "Format.h"
+#include "Gateway.h"
+#include "Log.h"
+#include "RoomService.h"
+#include "Val.h"
+#include "fExpense.h"
+#include "fThe.h"
+
+namespace {
+Refusal asked(const QString& message, const QString& field) {
+    return {message, field, Msg::Icon::Information};
+}
+Refusal refused(const QString& message, const QString& field = {}) {
+    return {message, field, Msg::Icon::Exclamation};
+}
+Refusal mergeRefused(const QString& message, const QString& field) {
+    return {message, field, Msg::Icon::Exclamation, RoomUseText::mergeCaption()};
+}
+
+// An open may meet a key another workstation made in the same second, or lose the room to
+// an open made there at the same moment. The first is tried again, the second refused.
+constexpr int OpenAttempts = 5;
+} // namespace
+
+std::optional<OpenHouseView> RoomUseService::loadOpen(const QString& theID) const {
+    const Rows r = fThe(m_db).GetLinkByID(theID);
+    if (r.isEmpty()) return std::nullopt;
+    const Row row = r.first();
+    return OpenHouseView{row.text(QStringLiteral("TheID")), row.text(QStringLiteral("TheCode")),
+                         row.text(QStringLiteral("AssortName")), row.text(QStringLiteral("PayLevelID")),
+                         row.integer(QStringLiteral("PayType")) == 0 ? 0 : 1};
+}
+
+Opened RoomUseService::open(const OpenHouseInput& in) {
+    if (!IsNumeric(in.customerNum))
+        return {{}, asked(QStringLiteral("请输入顾客人数！"), QStringLiteral("txtNum"))};
+    if (!IsNumeric(in.startMoney))
+        return {{}, asked(QStringLiteral("请输入门票金额！"), QStringLiteral("txtStartMoney"))};
+
+    // The stay starts on the whole minute.
+    const QDateTime now = Now();
+    const QString openTime = TimeText(now);
+    for (int attempt = 1;; ++attempt) {
+        try {
+            Transaction t(m_db);
+            const Rows room = fThe(m_db).GetLinkByID(in.theID);
+            if (room.isEmpty())
+                return {{}, refused(QStringLiteral("没有找到这包厢，请检查这个包厢是否被别人删除了！"))};
+            const Row r = room.first();
+            const qint64 state = r.integer(QStringLiteral("State"));
+            const QString other1 = r.text(QStringLiteral("Other1"));
+            const QString status = RoomStatus(state, other1, now).key;
+            if (status != QLatin1String("Common") && status != QLatin1String("Reservation"))
+                return {{}, refused(RoomText::stateChanged())};
+
+            const QString id = FreshKey(QStringLiteral("Expense"), QStringLiteral("ExpenseID"), m_db);
+            m_db.exec(
+                QStringLiteral(
+                    "insert into Expense (ExpenseID, TheID, OpenTime, State, Description, openOperator, "
+                    "CustomerNum, markerCode, StartMoney, IsUseMinMoney, PayLevelID, payLevelType) "
+                    "values (?, ?, ?, 1, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                {id, in.theID, openTime, in.description, App().CurrentOperatorName,
+                 RoundEven(Val(in.customerNum)), in.markerCode.trimmed(),
+                 Money::fromDouble(Val(in.startMoney)), in.useMinMoney ? 1 : 0,
+                 r.text(QStringLiteral("PayLevelID")), in.payLevelType == 0 ? 0 : 1});
+            // Only while nobody has changed the room since it was read.
+            if (m_db.exec(QStringLiteral("update The set State=1, ExpenseID=? where TheID=? and State=? and "
+                                         "coalesce(Other1,'')=?"),
+                          {id, in.theID, state, other1}) == 0)
+                return {{}, refused(RoomText::stateChanged())};
+            t.commit();
+            return {id, std::nullopt};
+        } catch (const DbError& e) {
+            if (attempt < OpenAttempts &&
+                (m_db.dialect().isUniqueViolation(e) || m_db.dialect().isRetryable(e)))
+                continue;
+            if (m_db.dialect().isUniqueViolation(e)) return {{}, refused(RoomText::stateChanged())};
+            return {{},
+                    Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmOpenHouse")),
+                            {},
+                            Msg::Icon::None}};
+        }
+    }
+}
+
+std::optional<HouseChangeView> RoomUseService::loadChange(const QString& expenseID) const {
+    const Rows r = fExpense(m_db).GetLinkByID(expenseID);
+    if (r.isEmpty()) return std::nullopt;
+    const Row row = r.first();
+    return HouseChangeView{expenseID, row.text(QStringLiteral("TheCode")),
+                           row.text(QStringLiteral("Description"))};
+}
+
+Refused RoomUseService::change(const HouseChangeInput& in) {
+    const QString field = QStringLiteral("txtNewHouseCode");
+    const QString code = in.newHouseCode.trimmed();
+    try {
+        if (code.isEmpty()) return asked(QStringLiteral("请输入更换的房间编号！"), field);
+        const Rows target = fThe(m_db).GetLinkByHouseCode(code);
+        if (target.isEmpty()) return asked(QStringLiteral("对不起，您要更换的包厢不存在！"), field);
+        // The stored state decides: a lock that has run out on the board still counts.
+        if (target.first().integer(QStringLiteral("State")) != 0)
+            return asked(RoomUseText::newRoomTaken(), field);
+
+        Transaction t(m_db);
+        if (m_db.exec(QStringLiteral("update The set State=1, ExpenseID=? where TheCode=? and State=0"),
+                      {in.expenseID, code}) == 0)
+            return asked(RoomUseText::newRoomTaken(), field);
+        const Row to = fThe(m_db).GetLinkByHouseCode(code).first();
+        // The old room is freed only while it still holds this bill; it gets no lock.
+        m_db.exec(QStringLiteral(
+                      "update The set State=0, ExpenseID='' where TheCode=? and State=1 and ExpenseID=?"),
+                  {in.oldHouseCode, in.expenseID});
+
+        const Rows bill = m_db.query(
+            QStringLiteral("select Description from Expense where ExpenseID=? and State=1"), {in.expenseID});
+        if (bill.isEmpty()) return refused(RoomUseText::billClosed());
+        const QString oldDesc = bill.first().text(QStringLiteral("Description"));
+        const QString desc =
+            in.description.trimmed().isEmpty() ? oldDesc : oldDesc + QStringLiteral("\r\n") + in.description;
+        m_db.exec(QStringLiteral("update Expense set Description=?, TheID=?, PayLevelID=?, openOperator=? "
+                                 "where ExpenseID=? and State=1"),
+                  {desc, to.text(QStringLiteral("TheID")), to.text(QStringLiteral("PayLevelID")),
+                   App().CurrentOperatorName, in.expenseID});
+        WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("日常营业"), QStringLiteral("更换包厢"), 2,
+                 true,
+                 QStringLiteral("消费单(") + in.expenseID + QStringLiteral(")由包厢") + in.oldHouseCode +
+                     QStringLiteral("换台为") + code,
+                 m_db);
+        t.commit();
+        return std::nullopt;
+    } catch (const DbError& e) {
+        return Refusal{
+            e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouseChange")), {}, Msg::Icon::Critical};
+    }
+}
+
+Refused RoomUseService::merge(const QString& fromCode, const QString& intoCode) {
+    try {
+        Transaction t(m_db);
+        const QString runningRoom =
+            QStringLiteral("select TheID, ExpenseID from The where State=1 and TheCode=?");
+        const Rows from = m_db.query(runningRoom, {fromCode});
+        if (from.isEmpty()) return mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"));
+        const QString source = from.first().text(QStringLiteral("ExpenseID"));
+        // The merged room gets no lock.
+        if (m_db.exec(QStringLiteral(
+                          "update The set State=0, ExpenseID='' where TheID=? and State=1 and ExpenseID=?"),
+                      {from.first().text(QStringLiteral("TheID")), source}) == 0)
+            return mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"));
+
+        // The same room in both boxes is free by now and so not found here.
+        const Rows into = m_db.query(runningRoom, {intoCode});
+        if (into.isEmpty()) return mergeRefused(RoomUseText::mergeIntoWrong(), QStringLiteral("txt2"));
+        const QString target = into.first().text(QStringLiteral("ExpenseID"));
+        // Both bills must still be open; touching the target row also holds it until the commit.
+        if (m_db.exec(QStringLiteral("update Expense set State=1 where ExpenseID=? and State=1"), {target}) ==
+            0)
+            return mergeRefused(RoomUseText::mergeIntoWrong(), QStringLiteral("txt2"));
+        m_db.exec(QStringLiteral("update ExpenseDetail set ExpenseID=? where ExpenseID=?"), {target, source});
+        if (m_db.exec(QStringLiteral("delete from Expense where ExpenseID=? and State=1"), {source}) == 0)
+            return mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"));
+        t.commit();
+        return std::nullopt;
+    } catch (const DbError& e) {
+        return Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmExpenseAmalgamate")),
+                       {},
+                       Msg::Icon::Critical};
+    }
+}
+
+bool RoomUseService::isHigh2Low(const QString& newHouseCode, Money oldPrice) const {
+    try {
+        const Rows r = fThe(m_db).GetLinkByHouseCode(newHouseCode);
+        if (r.isEmpty() || r.first().integer(QStringLiteral("PayType")) != 0) return false;
+        return oldPrice > Money::fromDouble(r.first().num(QStringLiteral("Price1")));
+    } catch (const DbError& e) {
+        Msg::critical(nullptr, e.message(QStringLiteral("isHigh2Low"), QStringLiteral("frmHouseChange")));
+        return false;
+    }
+}
