@@ -14,6 +14,7 @@ struct Step {
 const QList<Step>& steps() {
     static const QList<Step> s = {
         {1, {QStringLiteral(":/sql/001_schema.sql"), QStringLiteral(":/sql/001_seed.sql")}},
+        {2, {QStringLiteral(":/sql/002_list_columns.sql")}},
     };
     return s;
 }

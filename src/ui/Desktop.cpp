@@ -5,6 +5,11 @@
 #include <QUrl>
 
 namespace {
+std::function<bool(Desktop::Program, const QString&)>& launcher() {
+    static std::function<bool(Desktop::Program, const QString&)> l;
+    return l;
+}
+
 bool startFirst(const QStringList& programs, const QStringList& args) {
     for (const QString& p : programs) {
         const QString exe = QStandardPaths::findExecutable(p);
@@ -16,6 +21,7 @@ bool startFirst(const QStringList& programs, const QStringList& args) {
 
 namespace Desktop {
 bool startCalculator() {
+    if (launcher()) return launcher()(Program::Calculator, {});
 #ifdef Q_OS_WIN
     return startFirst({QStringLiteral("calc.exe")}, {});
 #else
@@ -26,6 +32,7 @@ bool startCalculator() {
 }
 
 bool startTextEditor(const QString& file) {
+    if (launcher()) return launcher()(Program::TextEditor, file);
     const QStringList args = file.isEmpty() ? QStringList() : QStringList{file};
 #ifdef Q_OS_WIN
     return startFirst({QStringLiteral("notepad.exe")}, args);
@@ -39,5 +46,12 @@ bool startTextEditor(const QString& file) {
 #endif
 }
 
-bool openFile(const QString& file) { return QDesktopServices::openUrl(QUrl::fromLocalFile(file)); }
+bool openFile(const QString& file) {
+    if (launcher()) return launcher()(Program::DefaultApp, file);
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+}
+
+void setLauncher(std::function<bool(Program, const QString&)> l) {
+    launcher() = std::move(l);
+}
 } // namespace Desktop

@@ -1,5 +1,6 @@
 #pragma once
 #include <QString>
+#include <functional>
 
 class QWidget;
 
@@ -11,4 +12,9 @@ bool startCalculator();
 bool startTextEditor(const QString& file = {});
 // Opens a file with the desktop's default program for it; false when that failed.
 bool openFile(const QString& file);
+
+enum class Program { Calculator, TextEditor, DefaultApp };
+// Test seam: while set, every start goes to `launcher` with the file (empty for none), and
+// its answer tells whether a program started. An empty function gives the desktop back.
+void setLauncher(std::function<bool(Program, const QString&)> launcher);
 } // namespace Desktop

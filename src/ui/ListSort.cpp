@@ -1,0 +1,32 @@
+#include "ListSort.h"
+#include <QHeaderView>
+#include <QTreeWidget>
+
+namespace {
+// The sort a list was last given, kept on the list itself: the header flips its own
+// indicator on a click before it tells of the click, so it can't be asked.
+constexpr const char* SortColumn = "singboxSortColumn";
+constexpr const char* SortOrder = "singboxSortOrder";
+} // namespace
+
+void SortListBy(QTreeWidget* list, int column, Qt::SortOrder order) {
+    list->sortItems(column, order);
+    list->header()->setSortIndicatorShown(true);
+    list->header()->setSortIndicator(column, order);
+    list->setProperty(SortColumn, column);
+    list->setProperty(SortOrder, int(order));
+}
+
+void SortList(QTreeWidget* list, int column) {
+    if (column < 0 || column >= list->columnCount()) return;
+    const QVariant current = list->property(SortColumn);
+    const bool again = current.isValid() && current.toInt() == column &&
+                       list->property(SortOrder).toInt() == int(Qt::AscendingOrder);
+    SortListBy(list, column, again ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void SortListOnHeaderClick(QTreeWidget* list) {
+    list->header()->setSectionsClickable(true);
+    QObject::connect(list->header(), &QHeaderView::sectionClicked, list,
+                     [list](int column) { SortList(list, column); });
+}

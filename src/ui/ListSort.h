@@ -1,0 +1,14 @@
+#pragma once
+#include <Qt>
+
+class QTreeWidget;
+
+// Sorts a list on a click of a column header: the column it is already sorted by turns
+// round, another column sorts ascending. Values compare as text.
+void SortList(QTreeWidget* list, int column);
+
+// Sorts a list by a column in an order and shows that on the header.
+void SortListBy(QTreeWidget* list, int column, Qt::SortOrder order);
+
+// Makes the headers of a list clickable and sorts the list on each click.
+void SortListOnHeaderClick(QTreeWidget* list);
