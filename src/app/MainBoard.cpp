@@ -72,7 +72,7 @@ void frmMain::wireBoard() {
 void frmMain::applyRoomState(const QString& status) {
     const bool use = status == QLatin1String("Use"), reservation = status == QLatin1String("Reservation");
     const bool stopOrLock = status == QLatin1String("Stop") || status == QLatin1String("Lock");
-    const bool common = !use && !reservation && !stopOrLock;
+    const bool common = !status.isEmpty() && !use && !reservation && !stopOrLock;
     for (const StateRule& r : stateRules()) {
         const bool on = (common && r.common) || (use && r.use) || (reservation && r.reservation) ||
                         (stopOrLock && r.stopOrLock);

@@ -224,6 +224,7 @@ void RoomBoard::buildUi() {
     auto* form = new QFormLayout(box);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     form->setRowWrapPolicy(QFormLayout::DontWrapRows);
+    form->setVerticalSpacing(4);
     const struct {
         const char* caption;
         const char* name;
@@ -254,6 +255,8 @@ void RoomBoard::buildUi() {
     ought->setFont(big);
     ought->setStyleSheet(QStringLiteral("color:#c62828"));
     m_panel[QStringLiteral("lblDesc")]->setWordWrap(true);
+    // The figures always get their room; the lines give way on a small screen.
+    box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     rightLay->addWidget(box);
 
     auto* detailBox = new QGroupBox(QStringLiteral("消费明细"), right);
@@ -262,6 +265,7 @@ void RoomBoard::buildUi() {
     m_lvwDetail->setObjectName(QStringLiteral("lvwDetail"));
     SetupExpenseDetailList(m_lvwDetail);
     m_lvwDetail->setFocusPolicy(Qt::ClickFocus);
+    m_lvwDetail->setMinimumHeight(24);
     m_lvwDetail->header()->setSectionsClickable(true);
     connect(m_lvwDetail->header(), &QHeaderView::sectionClicked, this, &RoomBoard::sortDetail);
     detailLay->addWidget(m_lvwDetail);
@@ -372,6 +376,7 @@ void RoomBoard::LoadRoomList() {
     else {
         showPanel({});
         m_lvwDetail->clear();
+        Q_EMIT selectionShown(QString()); // no room: no room command applies
     }
 }
 

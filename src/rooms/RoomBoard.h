@@ -57,7 +57,8 @@ class RoomBoard : public QWidget {
     QTreeWidget* detailList() const { return m_lvwDetail; }
 
   Q_SIGNALS:
-    // After the panel shows a room: the main window sets its commands by the status.
+    // After the panel shows a room: the main window sets its commands by the status, an
+    // empty one when the list has no room.
     void selectionShown(const QString& statusKey);
     // Double click, Enter, or space in the finder.
     void defaultActionRequested(const QString& statusKey);

@@ -222,7 +222,7 @@ private Q_SLOTS:
         QVERIFY(w.refreshTimer()->isActive());
         QCOMPARE(w.refreshTimer()->interval(), 15000);
 
-        // Features of later work are not offered yet; the rights still guard the wired ones.
+        // With no room on the board the room commands are off.
         QVERIFY(!w.action(QStringLiteral("mnuOpOpen"))->isEnabled());
         QVERIFY(w.action(QStringLiteral("mnuExit"))->isEnabled());
         QCOMPARE(w.action(QStringLiteral("mnuOpOpen"))->shortcut(), QKeySequence(QStringLiteral("F2")));
