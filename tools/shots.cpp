@@ -11,14 +11,35 @@
 #include "frmMain.h"
 #include "frmOption.h"
 #include "frmPayLevel.h"
+#include "Clock.h"
+#include "Format.h"
+#include "RoomBoard.h"
+#include "RoomUse.h"
+#include "frmExpenseAmalgamate.h"
+#include "frmExpenseDetail.h"
+#include "frmExpenseDetailInfo.h"
+#include "AutoInput.h"
+#include <QCheckBox>
+#include "frmHouseChange.h"
+#include "frmOpenHouse.h"
+#include <QPushButton>
+#include "frmWare.h"
+#include "frmWareLevel.h"
+#include "frmWareType.h"
 #include <QTabWidget>
 #include <QApplication>
+#include <QComboBox>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFontDatabase>
 #include <QLineEdit>
 #include <QTimer>
+#include <QTreeWidget>
 #include <cstdio>
+
+// The slips and the printing windows (print_shots.cpp).
+void PrintShots(const QString& out, const QString& runningBill);
+void MemberShots(const QString& out);
 
 namespace {
 QString g_out;
@@ -28,6 +49,40 @@ void save(QWidget* w, const QString& name) {
     const QString path = QDir(g_out).filePath(name + QStringLiteral(".png"));
     w->grab().save(path);
     std::printf("%s\n", qPrintable(path));
+}
+// A busy evening on the demo venue: rooms in use with orders, one stopped, one being
+// cleaned, one reserved.
+QString busyEvening() {
+    const QDateTime now = Now();
+    auto roomID = [](const QString& code) {
+        return DB().scalar(QStringLiteral("select TheID from The where TheCode=?"), {code}).toString();
+    };
+    const Rows wares = DB().query(QStringLiteral("select WareID, Price from Ware order by WareCode"));
+    QString first;
+    int minutes[] = {185, 95, 42, 8};
+    const char* codes[] = {"A01", "A02", "A04", "A07"};
+    for (int i = 0; i < 4; ++i) {
+        Clock::install(std::make_unique<FixedClock>(now.addSecs(-60 * minutes[i])));
+        const Opened o = RoomUseService().open({roomID(QLatin1String(codes[i])), QStringLiteral("老顾客"),
+                                                QString::number(4 + i), {}, QStringLiteral("0"), true, 1});
+        if (first.isEmpty()) first = roomID(QLatin1String(codes[i]));
+        for (int l = 0; l < 3 + 2 * i && l < wares.count(); ++l) {
+            const Row w = wares[(l * 5 + i) % wares.count()];
+            const double n = 1 + (l % 3);
+            DB().exec(QStringLiteral("insert into ExpenseDetail (DetailID, ExpenseID, WareID, num, Price, thePrice, "
+                                     "ExpenseMoney, oughtMoney, isFree, isdel, operatorname, ExpenseTime) values "
+                                     "(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, '系统管理员', ?)"),
+                      {o.expenseID + QString::number(l), o.expenseID, w.text(QStringLiteral("WareID")), n,
+                       w.money(QStringLiteral("Price")), w.money(QStringLiteral("Price")),
+                       w.money(QStringLiteral("Price")).times(n), w.money(QStringLiteral("Price")).times(n),
+                       l == 2 ? 1 : 0, l == 4 ? 1 : 0, TimeText(now.addSecs(-60 * (minutes[i] - 5 * l)))});
+        }
+    }
+    Clock::install(std::make_unique<FixedClock>(now));
+    DB().exec(QStringLiteral("update The set State=2 where TheCode='A03'"));
+    DB().exec(QStringLiteral("update The set State=4, Other1=? where TheCode='A05'"), {TimeText(now.addSecs(1200))});
+    DB().exec(QStringLiteral("update The set State=3 where TheCode='A06'"));
+    return first;
 }
 } // namespace
 
@@ -60,6 +115,43 @@ int main(int argc, char** argv) {
     main.resize(1366, 768);
     main.Init();
     save(&main, QStringLiteral("frmMain"));
+    const QString busy = busyEvening();
+    main.board()->LoadRoomTabs();
+    main.board()->selectRoom(busy);
+    save(&main, QStringLiteral("board-icons"));
+    main.findChild<QPushButton*>(QStringLiteral("cmdView"))->click();
+    save(&main, QStringLiteral("board-details"));
+    main.findChild<QPushButton*>(QStringLiteral("cmdView"))->click();
+    main.resize(1024, 640);
+    save(&main, QStringLiteral("board-small"));
+    const QString freeRoom = DB().scalar(QStringLiteral("select TheID from The where TheCode='B01'")).toString();
+    frmOpenHouse open;
+    open.prepare(freeRoom);
+    save(&open, QStringLiteral("frmOpenHouse"));
+    frmHouseChange change;
+    change.prepare(main.board()->selectedTag());
+    save(&change, QStringLiteral("frmHouseChange"));
+    frmExpenseAmalgamate merge;
+    merge.prepare();
+    save(&merge, QStringLiteral("frmExpenseAmalgamate"));
+    // Ordering into the first busy room, with a few lines of this opening beside the earlier ones.
+    SaveAutoInput(QStringLiteral("DetailDescription"), QStringLiteral("少冰"));
+    SaveAutoInput(QStringLiteral("DetailDescription"), QStringLiteral("先上果盘"));
+    frmExpenseDetail order;
+    order.Init(DB().scalar(QStringLiteral("select ExpenseID from The where TheID=?"), {busy}).toString());
+    order.findChild<QCheckBox*>(QStringLiteral("chkAdd"))->setChecked(true);
+    for (const char* typed : {"qdpj 6", "xgp", "kkkl 2"}) {
+        order.findChild<QLineEdit*>(QStringLiteral("txtInput"))->setText(QLatin1String(typed));
+        order.txtInput_Enter();
+    }
+    save(&order, QStringLiteral("frmExpenseDetail"));
+    order.findChild<QTabWidget*>(QStringLiteral("ctabThis"))->setCurrentIndex(1);
+    save(&order, QStringLiteral("frmExpenseDetail-tree"));
+    frmExpenseDetailInfo note;
+    note.prepare(order.entry().batch().first().detailID);
+    save(&note, QStringLiteral("frmExpenseDetailInfo"));
+    note.reject();
+    order.reject();
     frmOption option;
     auto* tabs = option.findChild<QTabWidget*>(QStringLiteral("ctbThis"));
     for (int i = 0; i < tabs->count(); ++i) {
@@ -71,6 +163,36 @@ int main(int argc, char** argv) {
     save(&tariff, QStringLiteral("frmPayLevel-time"));
     tariff.findChild<QTabWidget*>(QStringLiteral("ctbThis"))->setCurrentIndex(0);
     save(&tariff, QStringLiteral("frmPayLevel-fixed"));
+    // Goods: the options page with a type chosen, the article and type dialogs, the periods.
+    tabs->setCurrentWidget(option.findChild<QWidget*>(QStringLiteral("tabWare")));
+    auto* wareTypes = option.findChild<QTreeWidget*>(QStringLiteral("lvwWareType"));
+    wareTypes->setCurrentItem(wareTypes->topLevelItem(0));
+    save(&option, QStringLiteral("frmOption-goods"));
+    const QString beer = DB().scalar(QStringLiteral("select WareID from Ware order by WareCode")).toString();
+    App().IsUseWareHouse = 1;
+    frmWare ware;
+    ware.startEdit(beer);
+    save(&ware, QStringLiteral("frmWare-stock"));
+    App().IsUseWareHouse = 0;
+    frmWare newWare;
+    newWare.startAdd();
+    save(&newWare, QStringLiteral("frmWare-add"));
+    frmWareType wareType;
+    wareType.startEdit(QStringLiteral("01"));
+    save(&wareType, QStringLiteral("frmWareType"));
+    frmWareLevel periods;
+    periods.prepare(QStringLiteral("01"));
+    periods.findChild<QLineEdit*>(QStringLiteral("txtWareLevelName"))
+        ->setText(QStringLiteral("夜场酒水八折"));
+    for (const auto& [box, hour] : {std::pair{"cmbEnd1", "18"}, std::pair{"cmbEnd2", "24"}}) {
+        auto* end = periods.findChild<QComboBox*>(QLatin1String(box));
+        end->setCurrentIndex(end->findText(QLatin1String(hour)));
+        Q_EMIT end->activated(end->currentIndex());
+    }
+    periods.findChild<QLineEdit*>(QStringLiteral("txtDiscount2"))->setText(QStringLiteral("0.8"));
+    save(&periods, QStringLiteral("frmWareLevel"));
+    MemberShots(g_out);
+    PrintShots(g_out, DB().scalar(QStringLiteral("select ExpenseID from The where TheID=?"), {busy}).toString());
     DB().close();
     return 0;
 }

@@ -3,20 +3,31 @@
 #include "BusinessRules.h"
 #include "Clock.h"
 #include "Format.h"
+#include "ListColumns.h"
+#include "ListSort.h"
 #include "MessageBox.h"
+#include "NewID.h"
+#include "OptionPrintPage.h"
 #include "PayLevel.h"
 #include "Puissance.h"
 #include "RefusalShow.h"
 #include "RoomService.h"
 #include "Settings.h"
 #include "Val.h"
+#include "WareLevel.h"
+#include "WareService.h"
 #include "fThe.h"
 #include "frmHouse.h"
 #include "frmHouseAddBat.h"
 #include "frmHouseAssort.h"
 #include "frmPayLevel.h"
+#include "frmQNDisplayCase.h"
+#include "frmWare.h"
+#include "frmWareLevel.h"
+#include "frmWareType.h"
 #include "ui_frmOption.h"
 #include <QHeaderView>
+#include <QMenu>
 
 namespace {
 void setColumns(QTreeWidget* list, const QStringList& titles) {
@@ -34,11 +45,23 @@ void addRow(QTreeWidget* list, const QString& key, const QStringList& texts) {
 void fitColumns(QTreeWidget* list) {
     for (int c = 0; c < list->columnCount(); ++c) list->resizeColumnToContents(c);
 }
+
+QString yesNo(double flag) {
+    return flag == 1 ? QStringLiteral("是") : QStringLiteral("否");
+}
+
+// The name of the goods list's configured columns.
+const QString WareListName = QStringLiteral("frmOption.lvwWare");
 } // namespace
 
 frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmOption>()) {
     ui->setupUi(this);
     resize(980, 600);
+    // Printing, company and other settings come first; their page saves and closes the window.
+    auto* printPage = new OptionPrintPage(this);
+    ui->ctbThis->insertTab(0, printPage, QStringLiteral("打印及其它设置"));
+    connect(printPage, &OptionPrintPage::saved, this, &QDialog::accept);
+    connect(printPage, &OptionPrintPage::cancelled, this, &QDialog::reject);
     setColumns(ui->lvwPayLevel, {QStringLiteral("计费标准"), QStringLiteral("最低消费"), QStringLiteral("计费方式"),
                                  QStringLiteral("时段1"), QStringLiteral("时段2"), QStringLiteral("时段3"),
                                  QStringLiteral("时段4")});
@@ -47,6 +70,13 @@ frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
                               QStringLiteral("计费标准"), QStringLiteral("备注")});
     ui->cmbCloseHouseCur->addItems({QStringLiteral("会员编号"), QStringLiteral("实收现金")});
     ui->cmdOutExcelHouse->setEnabled(false); // list export arrives with the configured lists
+    setColumns(ui->lvwWareType,
+               {QStringLiteral("编号"), QStringLiteral("分类名称"), QStringLiteral("时段折扣"),
+                QStringLiteral("不参与会员折扣"), QStringLiteral("后厨打印"), QStringLiteral("吧台打印")});
+    SortListOnHeaderClick(ui->lvwWare);
+    // Goods import and the goods list's export are later work.
+    ui->cmdDataImportWare->setEnabled(false);
+    ui->cmdOutExcel->setEnabled(false);
 
     connect(ui->cmdPayLevelAdd, &QPushButton::clicked, this, &frmOption::cmdPayLevelAdd_Click);
     connect(ui->cmdPayLevelEdit, &QPushButton::clicked, this, &frmOption::cmdPayLevelEdit_Click);
@@ -64,11 +94,32 @@ frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
     connect(ui->cmdHouseEdit, &QPushButton::clicked, this, &frmOption::cmdHouseEdit_Click);
     connect(ui->lvwHouse, &QTreeWidget::itemDoubleClicked, this, &frmOption::cmdHouseEdit_Click);
     connect(ui->cmdHouseDel, &QPushButton::clicked, this, &frmOption::cmdHouseDel_Click);
+    connect(ui->cmdWareTypeAdd, &QPushButton::clicked, this, &frmOption::cmdWareTypeAdd_Click);
+    connect(ui->cmdWareTypeEdit, &QPushButton::clicked, this, &frmOption::cmdWareTypeEdit_Click);
+    connect(ui->lvwWareType, &QTreeWidget::itemDoubleClicked, this, &frmOption::cmdWareTypeEdit_Click);
+    connect(ui->cmdWareTypeDel, &QPushButton::clicked, this, &frmOption::cmdWareTypeDel_Click);
+    connect(ui->lvwWareType, &QTreeWidget::itemSelectionChanged, this, &frmOption::loadWares);
+    connect(ui->cmdWareLevel, &QPushButton::clicked, this, &frmOption::cmdWareLevel_Click);
+    connect(ui->Command1, &QPushButton::clicked, this, &frmOption::Command1_Click);
+    connect(ui->cmdWareAdd, &QPushButton::clicked, this, &frmOption::cmdWareAdd_Click);
+    connect(ui->cmdWareEdit, &QPushButton::clicked, this, &frmOption::cmdWareEdit_Click);
+    connect(ui->lvwWare, &QTreeWidget::itemDoubleClicked, this, &frmOption::cmdWareEdit_Click);
+    connect(ui->cmdWareDel, &QPushButton::clicked, this, &frmOption::cmdWareDel_Click);
+    connect(ui->cmdRefresh, &QPushButton::clicked, this, &frmOption::cmdRefresh_Click);
+    connect(ui->lvwWare, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        QMenu menu(this);
+        QAction* columns = menu.addAction(QStringLiteral("显示栏目"));
+        columns->setObjectName(QStringLiteral("mnuSetupHouseAssortSet"));
+        connect(columns, &QAction::triggered, this, &frmOption::mnuSetupHouseAssortSet_Click);
+        menu.exec(ui->lvwWare->viewport()->mapToGlobal(at));
+    });
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
 
     loadPayLevels();
     loadHouseAssorts();
     loadHouses();
+    loadWareTypes();
+    loadWares();
     loadRules();
 }
 
@@ -216,4 +267,120 @@ void frmOption::cmdHouseDel_Click() {
     if (key.isEmpty()) return;
     if (const Refused r = RoomService().deleteRoom(key)) return ShowRefusal(this, *r);
     loadHouses();
+}
+
+// ---- goods
+
+QString frmOption::selectedWareType() const {
+    const QList<QTreeWidgetItem*> chosen = ui->lvwWareType->selectedItems();
+    return chosen.isEmpty() ? QString() : StripKey(chosen.first()->data(0, Qt::UserRole).toString());
+}
+
+QString frmOption::selectedWare() const {
+    const QTreeWidgetItem* item = ui->lvwWare->currentItem();
+    return item ? StripKey(item->data(0, Qt::UserRole).toString()) : QString();
+}
+
+void frmOption::loadWareTypes() {
+    const QString keep = selectedWareType();
+    {
+        // The goods list follows the type chosen by the user, not the refill.
+        const QSignalBlocker quiet(ui->lvwWareType);
+        ui->lvwWareType->clear();
+        for (const Row r : WareService().wareTypes()) {
+            const QString id = r.text(QStringLiteral("WareTypeID"));
+            addRow(ui->lvwWareType, QStringLiteral("T") + id,
+                   {id, r.text(QStringLiteral("wareTypeName")), yesNo(r.num(QStringLiteral("isDoDiscount"))),
+                    yesNo(r.num(QStringLiteral("isNomember"))), yesNo(r.num(QStringLiteral("isHC"))),
+                    yesNo(r.num(QStringLiteral("isBT")))});
+        }
+        fitColumns(ui->lvwWareType);
+        for (int i = 0; i < ui->lvwWareType->topLevelItemCount() && !keep.isEmpty(); ++i) {
+            QTreeWidgetItem* item = ui->lvwWareType->topLevelItem(i);
+            if (item->text(0) == keep) ui->lvwWareType->setCurrentItem(item);
+        }
+    }
+}
+
+void frmOption::loadWares() {
+    try {
+        ShowList(ui->lvwWare, WareListName, WareService().goodsList(selectedWareType()), true);
+    } catch (const DbError& e) {
+        Msg::critical(this, e.message(QStringLiteral("LoadWare"), QStringLiteral("frmOption")));
+    }
+}
+
+void frmOption::cmdWareTypeAdd_Click() {
+    if (!CheckPuissance(QStringLiteral("C004"))) return;
+    frmWareType dlg(this);
+    if (dlg.Add()) loadWareTypes();
+}
+
+void frmOption::cmdWareTypeEdit_Click() {
+    if (!CheckPuissance(QStringLiteral("C004"))) return;
+    const QString key = selectedWareType();
+    if (key.isEmpty()) return;
+    frmWareType dlg(this);
+    if (dlg.Edit(key)) {
+        loadWareTypes();
+        loadWares(); // the goods list shows the type's name
+    }
+}
+
+void frmOption::cmdWareTypeDel_Click() {
+    if (!CheckPuissance(QStringLiteral("C004"))) return;
+    const QList<QTreeWidgetItem*> chosen = ui->lvwWareType->selectedItems();
+    if (chosen.isEmpty()) return;
+    if (const Refused r =
+            WareService().deleteWareType(StripKey(chosen.first()->data(0, Qt::UserRole).toString())))
+        return ShowRefusal(this, *r);
+    delete chosen.first(); // the goods list follows the selection
+}
+
+void frmOption::editWareLevel(const QString& id) {
+    frmWareLevel dlg(this);
+    dlg.Edit(id);
+}
+
+void frmOption::cmdWareLevel_Click() {
+    if (!CheckPuissance(QStringLiteral("C006"))) return;
+    const QString key = selectedWareType();
+    if (key.isEmpty()) return;
+    editWareLevel(key);
+}
+
+void frmOption::Command1_Click() {
+    if (!CheckPuissance(QStringLiteral("C006"))) return;
+    editWareLevel(WareLevelService::venueWideID());
+}
+
+void frmOption::cmdWareAdd_Click() {
+    if (!CheckPuissance(QStringLiteral("C005"))) return;
+    frmWare dlg(this);
+    if (dlg.Add()) loadWares();
+}
+
+void frmOption::cmdWareEdit_Click() {
+    if (!CheckPuissance(QStringLiteral("C005"))) return;
+    const QString key = selectedWare();
+    if (key.isEmpty()) return;
+    frmWare dlg(this);
+    if (dlg.Edit(key)) loadWares();
+}
+
+void frmOption::cmdWareDel_Click() {
+    if (!CheckPuissance(QStringLiteral("C005"))) return;
+    QTreeWidgetItem* item = ui->lvwWare->currentItem();
+    if (!item) return;
+    if (const Refused r = WareService().deleteWare(StripKey(item->data(0, Qt::UserRole).toString())))
+        return ShowRefusal(this, *r);
+    delete item;
+}
+
+void frmOption::cmdRefresh_Click() {
+    loadWares();
+}
+
+void frmOption::mnuSetupHouseAssortSet_Click() {
+    if (frmQNDisplayCase::ShowSetup(WareListName, this)) loadWares();
 }

@@ -18,6 +18,9 @@ public:
     void loadPayLevels();
     void loadHouseAssorts();
     void loadHouses();
+    void loadWareTypes();
+    // The goods of the selected type, or all goods while no type is selected.
+    void loadWares();
 
     void cmdPayLevelAdd_Click();
     void cmdPayLevelEdit_Click();
@@ -32,9 +35,23 @@ public:
     void cmdHouseAddBat_Click();
     void cmdHouseEdit_Click();
     void cmdHouseDel_Click();
+    void cmdWareTypeAdd_Click();
+    void cmdWareTypeEdit_Click();
+    void cmdWareTypeDel_Click();
+    void cmdWareLevel_Click();
+    void Command1_Click();
+    void cmdWareAdd_Click();
+    void cmdWareEdit_Click();
+    void cmdWareDel_Click();
+    void cmdRefresh_Click();
+    // "显示栏目" of the goods list's menu: the column chooser.
+    void mnuSetupHouseAssortSet_Click();
 
 private:
     void loadRules();
     static QString selectedKey(QTreeWidget* list);
+    QString selectedWareType() const;
+    QString selectedWare() const;
+    void editWareLevel(const QString& id);
     std::unique_ptr<Ui::frmOption> ui;
 };

@@ -67,6 +67,12 @@ void AddDemoVenue(Db& db) {
             db.exec(QStringLiteral("INSERT INTO WareType (WareTypeID, wareTypeName, isDoDiscount, isNomember, isHC, isBT) "
                                    "VALUES (?,?,?,?,?,?)"),
                     {QString::fromUtf8(w.id), QString::fromUtf8(w.name), w.discount, w.nomember, w.hc, w.bt});
+        // Types that allow period discounts get their periods: full price by day, 10% off at night.
+        for (const WType& w : wtypes)
+            if (w.discount == 1)
+                db.exec(QStringLiteral("INSERT INTO WareLevel (WareLevelID, WareLevelName, start1, end1, Discount1, "
+                                       "start2, end2, Discount2) VALUES (?, ?, 0, 18, 1, 18, 24, 0.9)"),
+                        {QString::fromUtf8(w.id), QString::fromUtf8(w.name) + QStringLiteral("时段")});
 
         struct Ware {
             const char *type, *code, *name, *mn, *unit;

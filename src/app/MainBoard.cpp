@@ -1,13 +1,16 @@
 // The room commands of the main window: what the board's selection allows, and the
 // commands that open, stop, resume, move and merge rooms.
 #include "MessageBox.h"
+#include "PrintUi.h"
 #include "RefusalShow.h"
 #include "RoomBoard.h"
 #include "RoomService.h"
 #include "frmExpenseAmalgamate.h"
+#include "frmExpenseDetail.h"
 #include "frmHouseChange.h"
 #include "frmMain.h"
 #include "frmOpenHouse.h"
+#include "frmPrintQueue.h"
 #include <QAction>
 #include <QLineEdit>
 #include <QMenu>
@@ -67,6 +70,19 @@ void frmMain::wireBoard() {
     wire(QStringLiteral("mnuHouseResume"), [this] { HouseResume(); });
     wire(QStringLiteral("mnuHouseChange"), [this] { ChangeRoom(); });
     wire(QStringLiteral("mnuExpenseAmalgamate"), [this] { MergeBills(); });
+    // The running bill of the room on paper, the room's last bill again, the print queue.
+    wire(QStringLiteral("mnuPrintExpense"), [this] { PrintExpenseListFor(this, m_board->selectedTag()); });
+    wire(QStringLiteral("mnuReprintExpense"), [this] { ReprintRoomBill(this, m_board->selectedTheID()); });
+    wire(QStringLiteral("mnuPrintQueue"), [this] { frmPrintQueue::ShowMe(this); });
+    // Ordering into the selected room's bill; the panel shows the new lines afterwards.
+    wire(QStringLiteral("mnuOpExpense"), [this] {
+        const QString tag = m_board->selectedTag();
+        if (tag.isEmpty()) return;
+        frmExpenseDetail dlg(this);
+        dlg.Add(tag);
+        m_board->ShowSelected();
+    });
+    wire(QStringLiteral("tbrEXPENSE"), [this] { runCommand(QStringLiteral("mnuOpExpense")); });
 }
 
 void frmMain::applyRoomState(const QString& status) {

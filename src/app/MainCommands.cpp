@@ -17,6 +17,8 @@ const QList<MenuCommand>& MenuCommands() {
             m(op, "mnuOpOpen", "顾客开单", "F2", "D001"),
             m(op, "mnuOpExpense", "增加消费", "F3", "D002"),
             m(op, "mnuPrintExpense", "打印清单", "F12"),
+            m(op, "mnuReprintExpense", "重打"),
+            m(op, "mnuPrintQueue", "打印队列"),
             m(op, "mnuOpEnd", "顾客结帐", "F4", "D003"),
             m(op, "mnuPayAfter", "挂帐结算", "", "D003"),
             sep(op),

@@ -13,6 +13,11 @@
 #include "frmAbout.h"
 #include "frmLogin.h"
 #include "frmOption.h"
+#include "frmEmployeeList.h"
+#include "frmChangePw.h"
+#include "frmChongzhiList.h"
+#include "frmMemberList.h"
+#include "frmSetupMember.h"
 #include "RoomBoard.h"
 #include "ui_frmMain.h"
 #include <QApplication>
@@ -84,6 +89,31 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         dlg.ShowMe();
     };
     wire(QStringLiteral("mnuBusCommon"), showOptions);
+    const auto showEmployees = [this] {
+        frmEmployeeList dlg(this);
+        dlg.ShowMe();
+    };
+    wire(QStringLiteral("mnuEmployee"), showEmployees);
+    wire(QStringLiteral("tbrEMPLOYEE"), showEmployees);
+    wire(QStringLiteral("mnuMember"), [this] {
+        frmMemberList dlg(this);
+        dlg.ShowMe();
+    });
+    // The menu item checks C007 and C020 before these run.
+    wire(QStringLiteral("mnuSetupMember"), [this] {
+        frmSetupMember dlg(this);
+        dlg.ShowMe();
+    });
+    const auto showChongzhi = [this] {
+        frmChongzhiList dlg(this);
+        dlg.ShowMe(0);
+    };
+    wire(QStringLiteral("mnuFindChongzhi"), showChongzhi);
+    wire(QStringLiteral("tbrCHONGZHI"), showChongzhi);
+    wire(QStringLiteral("mnuChangePw"), [this] {
+        frmChangePw dlg(this);
+        dlg.ShowMe(1, App().CurrentOperatorID);
+    });
     wire(QStringLiteral("tbrOPTION"), showOptions);
     wire(QStringLiteral("mnuFindHouse"), [this] {
         ui->ctbThis->setCurrentIndex(1);

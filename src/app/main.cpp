@@ -3,6 +3,7 @@
 #include "Db.h"
 #include "Demo.h"
 #include "MessageBox.h"
+#include "PrintUi.h"
 #include "Schema.h"
 #include "Venue.h"
 #include "frmLogin.h"
@@ -85,6 +86,7 @@ int main(int argc, char* argv[]) {
     try {
         Venue::prepare(dir);
         AppInit(dir);
+        InstallPrinting();
     } catch (...) {
         Msg::ShowError(QStringLiteral("系统初始化错误！"));
         return 1;

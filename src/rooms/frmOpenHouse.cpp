@@ -3,6 +3,7 @@
 #include "EnterMovesOn.h"
 #include "Puissance.h"
 #include "RefusalShow.h"
+#include "RoomPrinting.h"
 #include "RoomService.h"
 #include "RoomUse.h"
 #include "ui_frmOpenHouse.h"
@@ -63,6 +64,7 @@ bool frmOpenHouse::SaveData() {
         return false;
     }
     m_result = o.expenseID;
+    if (ui->chkPrint->isChecked()) RoomPrinting::PrintStartTicket(this, m_result);
     return true;
 }
 

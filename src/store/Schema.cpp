@@ -15,6 +15,7 @@ const QList<Step>& steps() {
     static const QList<Step> s = {
         {1, {QStringLiteral(":/sql/001_schema.sql"), QStringLiteral(":/sql/001_seed.sql")}},
         {2, {QStringLiteral(":/sql/002_list_columns.sql")}},
+        {3, {QStringLiteral(":/sql/003_print_queue.sql")}},
     };
     return s;
 }

@@ -3,12 +3,18 @@
 #include "Settings.h"
 #include "TestVenue.h"
 #include "frmOption.h"
+#include "frmWare.h"
+#include "frmWareLevel.h"
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
+#include <memory>
 
 namespace {
 template <class T> T* child(QWidget& w, const char* name) { return w.findChild<T*>(QString::fromLatin1(name)); }
@@ -20,6 +26,48 @@ void signInWithout(const QString& code) {
               {code});
     App().CurrentOperatorID = QStringLiteral("o1");
     App().CurrentOperatorName = QStringLiteral("收银员");
+}
+void addGoods() {
+    DB().exec(QStringLiteral(
+        "insert into WareType (WareTypeID, wareTypeName, isDoDiscount) values ('01', '酒水', 1), "
+        "('02', '小吃', 0)"));
+    DB().exec(QStringLiteral(
+        "insert into Ware (WareID, WareTypeID, WareName, Price) values ('w1', '01', '啤酒', 100000), "
+        "('w2', '01', '红酒', 1880000), ('w3', '02', '花生', 80000)"));
+}
+
+void select(QTreeWidget* list, const QString& text) {
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        if (list->topLevelItem(i)->text(0) == text) return list->setCurrentItem(list->topLevelItem(i));
+    QFAIL("no such item");
+}
+
+int column(QTreeWidget* list, const QString& title) {
+    for (int c = 0; c < list->columnCount(); ++c)
+        if (list->headerItem()->text(c) == title) return c;
+    return -1;
+}
+
+QStringList names(QTreeWidget* list) {
+    QStringList out;
+    const int c = column(list, QStringLiteral("商品名称"));
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        out << list->topLevelItem(i)->text(c);
+    out.sort();
+    return out;
+}
+
+// Hands the next modal dialog to `act` once it shows; `seen` tells whether one did.
+template <class F> std::shared_ptr<bool> onModal(F act) {
+    auto seen = std::make_shared<bool>(false);
+    QTimer::singleShot(0, [seen, act] {
+        if (auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            *seen = true;
+            act(d);
+            if (d->isVisible()) d->reject();
+        }
+    });
+    return seen;
 }
 } // namespace
 
@@ -123,6 +171,116 @@ private Q_SLOTS:
         w.cmdHouseAssortDel_Click();
         QCOMPARE(child<QTreeWidget>(w, "lvwHouseAssort")->topLevelItemCount(), 0);
         QCOMPARE(DB().scalar(QStringLiteral("select count(*) from PayLevel")).toInt(), 1);
+    }
+
+    void goodsPage() {
+        TestVenue v;
+        OPEN_VENUE(v);
+        addGoods();
+        frmOption w;
+        auto* types = child<QTreeWidget>(w, "lvwWareType");
+        auto* goods = child<QTreeWidget>(w, "lvwWare");
+        QCOMPARE(types->topLevelItemCount(), 2);
+        QCOMPARE(types->topLevelItem(0)->text(2), QStringLiteral("是"));
+        QCOMPARE(names(goods),
+                 (QStringList{QStringLiteral("啤酒"), QStringLiteral("红酒"), QStringLiteral("花生")}));
+        // Money in the list as the configured column shows it.
+        select(goods, QStringLiteral("w2"));
+        QCOMPARE(goods->currentItem()->text(column(goods, QStringLiteral("售价"))), QStringLiteral("188.00"));
+        QCOMPARE(goods->currentItem()->text(column(goods, QStringLiteral("商品分类"))),
+                 QStringLiteral("酒水"));
+        // The goods of the chosen type only.
+        select(types, QStringLiteral("02"));
+        QCOMPARE(names(goods), QStringList{QStringLiteral("花生")});
+        // A type with goods stays; deleting an article takes it off the list.
+        w.cmdWareTypeDel_Click();
+        QCOMPARE(messages(), QStringList{QStringLiteral("不能删除此数据，因为它已经使用！")});
+        QCOMPARE(types->topLevelItemCount(), 2);
+        goods->setCurrentItem(goods->topLevelItem(0));
+        w.cmdWareDel_Click();
+        QCOMPARE(goods->topLevelItemCount(), 0);
+        DB().exec(QStringLiteral(
+            "insert into Ware (WareID, WareTypeID, WareName, Price) values ('w4', '02', '瓜子', 50000)"));
+        w.cmdRefresh_Click();
+        QCOMPARE(names(goods), QStringList{QStringLiteral("瓜子")});
+        DB().exec(QStringLiteral("delete from Ware where WareID='w4'"));
+        w.cmdWareTypeDel_Click();
+        QCOMPARE(messages(), QStringList());
+        QCOMPARE(types->topLevelItemCount(), 1);
+        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from WareType")).toInt(), 1);
+        // With no type chosen the list holds every article again.
+        QCOMPARE(names(goods), (QStringList{QStringLiteral("啤酒"), QStringLiteral("红酒")}));
+    }
+
+    void goodsDialogsFromThePage() {
+        TestVenue v;
+        OPEN_VENUE(v);
+        addGoods();
+        frmOption w;
+        select(child<QTreeWidget>(w, "lvwWareType"), QStringLiteral("01"));
+        auto periods = [](QDialog* d) {
+            QVERIFY(qobject_cast<frmWareLevel*>(d));
+            d->findChild<QLineEdit*>(QStringLiteral("txtWareLevelName"))->setText(QStringLiteral("全天"));
+            auto* end1 = d->findChild<QComboBox*>(QStringLiteral("cmbEnd1"));
+            end1->setCurrentIndex(end1->findText(QStringLiteral("24")));
+            Q_EMIT end1->activated(end1->currentIndex());
+            d->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+        };
+        onModal(periods);
+        w.cmdWareLevel_Click();
+        onModal(periods);
+        w.Command1_Click();
+        QCOMPARE(
+            DB().scalar(QStringLiteral("select count(*) from WareLevel where WareLevelID in ('01', 'The')"))
+                .toInt(),
+            2);
+
+        // A new article shows in the list of the chosen type at once.
+        onModal([](QDialog* d) {
+            QVERIFY(qobject_cast<frmWare*>(d));
+            d->findChild<QLineEdit*>(QStringLiteral("txtWareName"))->setText(QStringLiteral("黑啤"));
+            d->findChild<QLineEdit*>(QStringLiteral("txtPrice"))->setText(QStringLiteral("15"));
+            d->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+        });
+        w.cmdWareAdd_Click();
+        QCOMPARE(names(child<QTreeWidget>(w, "lvwWare")),
+                 (QStringList{QStringLiteral("啤酒"), QStringLiteral("红酒"), QStringLiteral("黑啤")}));
+    }
+
+    void goodsButtonsNeedTheirRights_data() {
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<QString>("button");
+        QTest::newRow("type add") << "C004"
+                                  << "cmdWareTypeAdd";
+        QTest::newRow("type delete") << "C004"
+                                     << "cmdWareTypeDel";
+        QTest::newRow("article add") << "C005"
+                                     << "cmdWareAdd";
+        QTest::newRow("article delete") << "C005"
+                                        << "cmdWareDel";
+        QTest::newRow("type periods") << "C006"
+                                      << "cmdWareLevel";
+        QTest::newRow("venue periods") << "C006"
+                                       << "Command1";
+    }
+    void goodsButtonsNeedTheirRights() {
+        QFETCH(QString, code);
+        QFETCH(QString, button);
+        TestVenue v;
+        OPEN_VENUE(v);
+        addGoods();
+        signInWithout(code);
+        frmOption w;
+        select(child<QTreeWidget>(w, "lvwWareType"), QStringLiteral("02"));
+        auto* goods = child<QTreeWidget>(w, "lvwWare");
+        goods->setCurrentItem(goods->topLevelItem(0));
+        const auto opened = onModal([](QDialog*) {});
+        w.findChild<QPushButton*>(button)->click();
+        QCoreApplication::processEvents();
+        QCOMPARE(messages(), QStringList{QStringLiteral("您没有操作此项业务的权限！")});
+        QVERIFY(!*opened);
+        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from Ware")).toInt(), 3);
+        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from WareType")).toInt(), 2);
     }
 };
 

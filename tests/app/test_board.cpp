@@ -107,7 +107,7 @@ void TestBoard::commands_follow_the_status_data() {
     QTest::newRow("free") << 0 << "" << QStringLiteral("mnuOpOpen tbrOPENHOUSE mnuHouseStop");
     QTest::newRow("lock run out is free")
         << 4 << "2026-11-21 19:00" << QStringLiteral("mnuOpOpen tbrOPENHOUSE mnuHouseStop");
-    QTest::newRow("in use") << 1 << "" << QStringLiteral("mnuHouseChange");
+    QTest::newRow("in use") << 1 << "" << QStringLiteral("mnuOpExpense mnuPrintExpense mnuHouseChange");
     QTest::newRow("reserved") << 3 << "" << open;
     QTest::newRow("stopped") << 2 << "" << QStringLiteral("mnuHouseResume");
     QTest::newRow("locked") << 4 << "2026-11-21 21:00" << QStringLiteral("mnuHouseResume");

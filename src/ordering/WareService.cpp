@@ -1,0 +1,193 @@
+#include "WareService.h"
+#include "AppState.h"
+#include "Dialect.h"
+#include "NewID.h"
+#include "Val.h"
+#include <cmath>
+
+namespace {
+// Beyond this a money amount no longer fits the 64-bit count of 1/10000 yuan with room to spare.
+constexpr double MaxMoney = 1e12;
+
+Refusal asked(const QString& message, const QString& field) {
+    return {message, field, Msg::Icon::Information};
+}
+
+bool fitsMoney(const QString& text) {
+    return std::fabs(Val(text)) < MaxMoney;
+}
+
+QString number(double v) {
+    return QString::number(v, 'g', 15);
+}
+
+WareSaved typeFailed(const QString& reason) {
+    return {{},
+            Refusal{WareText::typeTaken() + QStringLiteral("\n错误信息： ") + reason,
+                    QStringLiteral("txtWareTypeID"), Msg::Icon::Exclamation}};
+}
+} // namespace
+
+bool WareService::stockManaged() {
+    return App().IsUseWareHouse == 1;
+}
+
+Rows WareService::wareTypes() const {
+    return m_db.query(QStringLiteral("Select * from wareType order by WareTypeID"));
+}
+
+std::optional<WareTypeInput> WareService::loadWareType(const QString& id) const {
+    const Rows r = m_db.query(QStringLiteral("select * from WareType where WareTypeID=?"), {id});
+    if (r.isEmpty()) return std::nullopt;
+    const Row row = r.first();
+    WareTypeInput in;
+    in.wareTypeID = row.text(QStringLiteral("WareTypeID"));
+    in.wareTypeName = row.text(QStringLiteral("wareTypeName"));
+    in.isDoDiscount = row.num(QStringLiteral("isDoDiscount")) == 1;
+    in.isNomember = row.num(QStringLiteral("isNomember")) == 1;
+    in.isHC = row.num(QStringLiteral("isHC")) == 1;
+    in.isBT = row.num(QStringLiteral("isBT")) == 1;
+    return in;
+}
+
+Refused WareService::validateWareType(const WareTypeInput& in) {
+    if (in.wareTypeID.trimmed().isEmpty())
+        return asked(QStringLiteral("请输入分类编号！"), QStringLiteral("txtWareTypeID"));
+    if (in.wareTypeName.trimmed().isEmpty())
+        return asked(QStringLiteral("请输入分类名称！"), QStringLiteral("txtWareTypeName"));
+    return std::nullopt;
+}
+
+WareSaved WareService::saveWareType(const WareTypeInput& in, bool adding) {
+    if (Refused r = validateWareType(in)) return {{}, r};
+    // The key is stored as typed; only the emptiness check looks at it trimmed.
+    const Params values{in.wareTypeName, int(in.isDoDiscount), int(in.isNomember),
+                        int(in.isHC),    int(in.isBT),         in.wareTypeID};
+    try {
+        return m_db.write([&]() -> WareSaved {
+            if (adding) {
+                if (m_db.scalar(QStringLiteral("select count(*) from WareType where WareTypeID=?"),
+                                {in.wareTypeID})
+                        .toLongLong() > 0)
+                    return typeFailed(QStringLiteral("分类编号 ") + in.wareTypeID +
+                                      QStringLiteral(" 已被其它分类使用"));
+                m_db.exec(QStringLiteral(
+                              "insert into WareType (wareTypeName, isDoDiscount, isNomember, isHC, isBT, "
+                              "WareTypeID) values (?, ?, ?, ?, ?, ?)"),
+                          values);
+            } else if (m_db.exec(
+                           QStringLiteral("update WareType set wareTypeName=?, isDoDiscount=?, isNomember=?, "
+                                          "isHC=?, isBT=? where WareTypeID=?"),
+                           values) == 0) {
+                return typeFailed(QStringLiteral("没有找到这个商品分类的数据"));
+            }
+            return {in.wareTypeID, std::nullopt};
+        });
+    } catch (const DbError& e) {
+        // The same key saved on another workstation meanwhile, or the store refusing otherwise.
+        return typeFailed(e.description);
+    }
+}
+
+Refused WareService::deleteWareType(const QString& id) {
+    try {
+        m_db.write([&] { m_db.exec(QStringLiteral("delete from WareType where WareTypeID=?"), {id}); });
+        return std::nullopt;
+    } catch (const DbError&) {
+        // Articles of the type: the foreign key refuses.
+        return Refusal{WareText::inUse(), {}, Msg::Icon::Exclamation};
+    }
+}
+
+std::optional<WareInput> WareService::loadWare(const QString& id) const {
+    const Rows r = m_db.query(QStringLiteral("select * from Ware where WareID=?"), {id});
+    if (r.isEmpty()) return std::nullopt;
+    const Row row = r.first();
+    WareInput in;
+    in.wareTypeID = row.text(QStringLiteral("WareTypeID"));
+    in.wareName = row.text(QStringLiteral("WareName"));
+    in.mnemonics = row.text(QStringLiteral("Mnemonics"));
+    in.price = row.money(QStringLiteral("Price")).toPlain();
+    in.procurePrice = row.money(QStringLiteral("ProcurePrice")).toPlain();
+    in.wareUnit = row.text(QStringLiteral("wareUnit"));
+    in.minNum = number(row.num(QStringLiteral("minnum")));
+    in.tiCheng = row.money(QStringLiteral("tiCheng")).toPlain();
+    in.nowNum = number(row.num(QStringLiteral("nownum")));
+    return in;
+}
+
+Refused WareService::validateWare(const WareInput& in) {
+    if (in.wareName.trimmed().isEmpty())
+        return asked(QStringLiteral("请输入品项名称！"), QStringLiteral("txtWareName"));
+    if (Val(in.price) == 0) return asked(QStringLiteral("请输入品项单价！"), QStringLiteral("txtPrice"));
+    if (!IsNumeric(in.procurePrice))
+        return asked(QStringLiteral("品项成本只能输入数字！"), QStringLiteral("txtProcurePrice"));
+    if (!IsNumeric(in.tiCheng))
+        return asked(QStringLiteral("员工提成只能输入数字！"), QStringLiteral("txtTicheng"));
+    if (in.wareTypeID.isEmpty())
+        return asked(QStringLiteral("请选择品项所属分类！"), QStringLiteral("imgcmbWareType"));
+    // Amounts that would not fit the stored money.
+    if (!fitsMoney(in.price)) return asked(QStringLiteral("品项单价超出范围！"), QStringLiteral("txtPrice"));
+    if (!fitsMoney(in.procurePrice))
+        return asked(QStringLiteral("品项成本超出范围！"), QStringLiteral("txtProcurePrice"));
+    if (!fitsMoney(in.tiCheng))
+        return asked(QStringLiteral("员工提成超出范围！"), QStringLiteral("txtTicheng"));
+    return std::nullopt;
+}
+
+WareSaved WareService::saveWare(const QString& id, const WareInput& in) {
+    if (Refused r = validateWare(in)) return {{}, r};
+    const Params values{
+        in.wareName, in.mnemonics,   Money::fromText(in.price),   Money::fromText(in.procurePrice),
+        in.wareUnit, Val(in.minNum), Money::fromText(in.tiCheng), in.wareTypeID};
+    for (int attempt = 1;; ++attempt) {
+        try {
+            return m_db.write([&]() -> WareSaved {
+                if (id.isEmpty()) {
+                    const QString key = NewID();
+                    Params p = values;
+                    p << key;
+                    m_db.exec(QStringLiteral(
+                                  "insert into Ware (WareName, Mnemonics, Price, ProcurePrice, wareUnit, "
+                                  "minnum, tiCheng, WareTypeID, WareID) values (?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                              p);
+                    return {key, std::nullopt};
+                }
+                Params p = values;
+                p << id;
+                if (m_db.exec(
+                        QStringLiteral("update Ware set WareName=?, Mnemonics=?, Price=?, ProcurePrice=?, "
+                                       "wareUnit=?, minnum=?, tiCheng=?, WareTypeID=? where WareID=?"),
+                        p) == 0) {
+                    WareSaved gone;
+                    gone.gone = true;
+                    return gone;
+                }
+                return {id, std::nullopt};
+            });
+        } catch (const DbError& e) {
+            // A key made on another workstation in the same second: take another.
+            if (id.isEmpty() && attempt < 3 && m_db.dialect().isUniqueViolation(e)) continue;
+            return {{},
+                    Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmWare")),
+                            {},
+                            Msg::Icon::Critical}};
+        }
+    }
+}
+
+Refused WareService::deleteWare(const QString& id) {
+    try {
+        m_db.write([&] { m_db.exec(QStringLiteral("delete from Ware where WareID=?"), {id}); });
+        return std::nullopt;
+    } catch (const DbError&) {
+        return Refusal{WareText::inUse(), {}, Msg::Icon::Exclamation};
+    }
+}
+
+Rows WareService::goodsList(const QString& typeID) const {
+    const QString sql = QStringLiteral("select Ware.*, WareType.wareTypeName from Ware left join WareType on "
+                                       "Ware.WareTypeID=WareType.WareTypeID");
+    if (typeID.isEmpty()) return m_db.query(sql + QStringLiteral(" order by Ware.WareID"));
+    return m_db.query(sql + QStringLiteral(" where Ware.WareTypeID=? order by Ware.WareID"), {typeID});
+}

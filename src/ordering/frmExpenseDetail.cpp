@@ -1,0 +1,356 @@
+#include "frmExpenseDetail.h"
+#include "AppState.h"
+#include "Clock.h"
+#include "EmployeeCombo.h"
+#include "EnterMovesOn.h"
+#include "ExpenseLines.h"
+#include "Format.h"
+#include "Ini.h"
+#include "ListSort.h"
+#include "NewID.h"
+#include "OrderPrinting.h"
+#include "Puissance.h"
+#include "RefusalShow.h"
+#include "Settings.h"
+#include "Val.h"
+#include "frmExpenseDetailInfo.h"
+#include "frmWare.h"
+#include "ui_frmExpenseDetail.h"
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QShortcut>
+#include <QStyle>
+
+namespace {
+// Marks a line ordered in this opening of the window.
+QIcon newLineIcon() {
+    static const QIcon icon = [] {
+        QPixmap pix(16, 16);
+        pix.fill(Qt::transparent);
+        QPainter p(&pix);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(Qt::NoPen);
+        p.setBrush(QColor(0x2e, 0x7d, 0x32));
+        p.drawEllipse(QRectF(3, 3, 10, 10));
+        return QIcon(pix);
+    }();
+    return icon;
+}
+
+// An icon that looks otherwise while its item is selected.
+QIcon pairIcon(const QStyle* style, QStyle::StandardPixmap normal, QStyle::StandardPixmap selected) {
+    QIcon icon = style->standardIcon(normal);
+    icon.addPixmap(style->standardIcon(selected).pixmap(16, 16), QIcon::Selected);
+    return icon;
+}
+
+void traps(QWidget* form, const DbError& e, const char* procedure) {
+    Msg::show(form, e.message(QLatin1String(procedure), QStringLiteral("frmExpenseDetail")),
+              Msg::Icon::Critical);
+}
+} // namespace
+
+frmExpenseDetail::frmExpenseDetail(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmExpenseDetail>()) {
+    ui->setupUi(this);
+    // Roomy where the screen allows, never beyond it.
+    if (const QScreen* sc = screen()) resize(QSize(980, 660).boundedTo(sc->availableGeometry().size()));
+    SetupExpenseDetailList(ui->lvwDetail);
+    SortListOnHeaderClick(ui->lvwDetail);
+
+    const int widths[] = {80, 190, 70, 70, 60};
+    for (int c = 0; c < 5; ++c)
+        ui->lvwWare->setColumnWidth(c, widths[c]);
+    for (int c : {2, 3, 4})
+        ui->lvwWare->headerItem()->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+
+    // Enter in the quick entry box and in the employee box has its own meaning.
+    EnterMovesOn::install(this, {ui->txtInput, ui->cmbSteward});
+    for (QObject* o : {static_cast<QObject*>(ui->txtInput), static_cast<QObject*>(ui->cmbSteward),
+                       static_cast<QObject*>(ui->lvwDetail), static_cast<QObject*>(ui->chkFree)})
+        o->installEventFilter(this);
+
+    connect(ui->cmdAdd, &QPushButton::clicked, this, &frmExpenseDetail::SaveData);
+    connect(ui->lvwWare, &QTreeWidget::itemDoubleClicked, this, &frmExpenseDetail::SaveData);
+    connect(ui->tvWare, &QTreeWidget::itemDoubleClicked, this, &frmExpenseDetail::SaveData);
+    connect(ui->lvwDetail, &QTreeWidget::itemDoubleClicked, this, &frmExpenseDetail::DeleteDetail);
+    connect(ui->cmdDel, &QPushButton::clicked, this, &frmExpenseDetail::DeleteDetail);
+    connect(ui->cmdDescription, &QPushButton::clicked, this, &frmExpenseDetail::cmdDescription_Click);
+    connect(ui->cmdWareAdd, &QPushButton::clicked, this, &frmExpenseDetail::cmdWareAdd_Click);
+    connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui->chkFree, &QCheckBox::clicked, this, &frmExpenseDetail::chkFree_Clicked);
+    // The quick-add mode belongs to the workstation, the printing of the slip to the venue.
+    connect(ui->chkAdd, &QCheckBox::toggled, this, [](bool on) {
+        SetIni(QStringLiteral("IsAutoAddMode"), on ? QStringLiteral("1") : QStringLiteral("0"));
+    });
+    connect(ui->chkPrintThis, &QCheckBox::toggled, this, [](bool on) {
+        SetSetup(QStringLiteral("IsPrintThis"), on ? QStringLiteral("1") : QStringLiteral("0"));
+    });
+
+    const std::pair<Qt::Key, QWidget*> focusKeys[] = {
+        {Qt::Key_F2, ui->txtInput}, {Qt::Key_F3, ui->cmbSteward}, {Qt::Key_F4, ui->txtNum}};
+    for (const auto& [key, box] : focusKeys)
+        connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, box,
+                [box] { box->setFocus(Qt::ShortcutFocusReason); });
+    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this,
+            &frmExpenseDetail::SaveData);
+}
+
+frmExpenseDetail::~frmExpenseDetail() = default;
+
+bool frmExpenseDetail::Add(const QString& expenseID) {
+    Init(expenseID);
+    exec();
+    return m_entry.saved();
+}
+
+void frmExpenseDetail::Init(const QString& expenseID) {
+    try {
+        m_entry.buildGoods(Now(), AllDiscountRate::current());
+    } catch (const DbError& e) {
+        traps(this, e, "Init");
+    }
+    fillGoods();
+    try {
+        FillEmployeeCombo(ui->cmbSteward);
+        {
+            const QSignalBlocker a(ui->chkAdd), p(ui->chkPrintThis);
+            ui->chkAdd->setChecked(IsFlagOn(GetIni(QStringLiteral("IsAutoAddMode"))));
+            ui->chkPrintThis->setChecked(IsFlagOn(GetSetup(QStringLiteral("IsPrintThis"))));
+        }
+        if (m_entry.open(expenseID))
+            ui->lblTheCode->setText(m_entry.theCodeCaption());
+        else
+            Msg::warn(this, OrderText::billGone());
+        LoadDataExpenseDetail(expenseID, ui->lvwDetail, false);
+    } catch (const DbError& e) {
+        traps(this, e, "Init");
+    }
+    ShowThisSum();
+    ResetInput();
+}
+
+// The list and the tree from one reading of the goods, priced once.
+void frmExpenseDetail::fillGoods() {
+    ui->lvwWare->clear();
+    ui->tvWare->clear();
+    m_listItems.clear();
+    const QIcon folder = pairIcon(style(), QStyle::SP_DirClosedIcon, QStyle::SP_DirOpenIcon);
+    const QIcon file = pairIcon(style(), QStyle::SP_FileIcon, QStyle::SP_FileLinkIcon);
+
+    QHash<QString, QTreeWidgetItem*> types;
+    QList<QTreeWidgetItem*> roots;
+    for (const WareTypeNode& t : m_entry.wareTypes()) {
+        auto* node = new QTreeWidgetItem({t.name});
+        node->setData(0, KeyRole, QString(QStringLiteral("T") + t.id));
+        node->setIcon(0, folder);
+        types.insert(t.id, node);
+        roots << node;
+    }
+    QList<QTreeWidgetItem*> rows;
+    const QList<PricedWare>& goods = m_entry.goods();
+    rows.reserve(goods.size());
+    for (int i = 0; i < goods.size(); ++i) {
+        const PricedWare& w = goods[i];
+        const QString key = QStringLiteral("K") + w.wareID;
+        auto* it = new QTreeWidgetItem(
+            {w.mnemonics, w.wareName, w.decided.text, w.price.toString2(), w.tiCheng.toString2()});
+        it->setData(0, KeyRole, key);
+        it->setData(0, IndexRole, i);
+        for (int c : {2, 3, 4})
+            it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+        rows << it;
+        m_listItems.insert(w.wareID, it);
+        // Goods of a type that is gone have no place in the tree; the list still has them.
+        if (QTreeWidgetItem* parent = types.value(w.wareTypeID)) {
+            auto* node = new QTreeWidgetItem(parent, {OrderEntry::treeText(w)});
+            node->setData(0, KeyRole, key);
+            node->setData(0, TagRole, Val(w.decided.text));
+            node->setIcon(0, file);
+        }
+    }
+    ui->lvwWare->addTopLevelItems(rows);
+    ui->tvWare->addTopLevelItems(roots);
+    ui->tvWare->expandAll();
+    ui->lblAllDiscount->setText(m_entry.allDiscountCaption());
+    for (const QString& warning : m_entry.priceWarnings())
+        Msg::warn(this, warning);
+}
+
+std::optional<WareChoice> frmExpenseDetail::selectedWare() const {
+    if (ui->ctabThis->currentWidget() == ui->tabList) {
+        const QTreeWidgetItem* it = ui->lvwWare->currentItem();
+        if (!it || !it->isSelected()) return std::nullopt;
+        return m_entry.listChoice(it->data(0, IndexRole).toInt());
+    }
+    const QTreeWidgetItem* node = ui->tvWare->currentItem();
+    if (!node || !node->isSelected()) return std::nullopt;
+    return OrderEntry::treeChoice(node->data(0, KeyRole).toString(), node->text(0),
+                                  node->data(0, TagRole).toDouble());
+}
+
+void frmExpenseDetail::SaveData() {
+    m_entry.clearSaved();
+    const std::optional<WareChoice> ware = selectedWare();
+    if (!ware) return;
+    if (const Refused r = OrderService::CheckForm(ui->txtNum->text())) return ShowRefusal(this, *r);
+    if (ui->chkFree->isChecked() && !Msg::confirm(this, OrderText::giftQuestion(), QMessageBox::Ok)) return;
+
+    OrderLineInput in;
+    in.num = ui->txtNum->text();
+    in.steward = ui->cmbSteward->currentText();
+    in.isFree = ui->chkFree->isChecked();
+    // One click, one line.
+    ui->cmdAdd->setEnabled(false);
+    const LineSaved s = m_entry.save(*ware, in);
+    ui->cmdAdd->setEnabled(true);
+    if (!s.ok()) return ShowRefusal(this, *s.refusal);
+    AddDetailToList(*s.line);
+    ResetInput();
+}
+
+void frmExpenseDetail::AddDetailToList(const OrderedLine& line) {
+    // The name comes from the goods list, whichever way the goods were chosen.
+    QString name;
+    if (QTreeWidgetItem* row = m_listItems.value(line.wareID)) {
+        ui->lvwWare->setCurrentItem(row);
+        name = row->text(1);
+    }
+    auto* it = new QTreeWidgetItem({name, FormatNumber(line.num, QStringLiteral("0")), line.price.toString2(),
+                                    line.oughtMoney.toString2(), line.other1,
+                                    FormatDate(ParseTime(line.expenseTime), QStringLiteral("HH:mm")),
+                                    line.operatorName});
+    it->setData(0, ExpenseLineRole::Key, QString(QStringLiteral("K") + line.detailID));
+    it->setData(0, ExpenseLineRole::WareID, line.wareID);
+    it->setIcon(0, newLineIcon());
+    for (int c : {1, 2, 3})
+        it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+    ui->lvwDetail->addTopLevelItem(it);
+    ui->lvwDetail->scrollToItem(it);
+    ShowThisSum();
+}
+
+void frmExpenseDetail::ShowThisSum() {
+    ui->lblThisSum->setText(m_entry.thisSumCaption());
+    ui->lblThisSum->setProperty("tag", m_entry.thisSumTag());
+}
+
+void frmExpenseDetail::ResetInput() {
+    ui->txtNum->setText(QStringLiteral("1"));
+    ui->txtInput->clear();
+    ui->cmbSteward->setCurrentIndex(ui->cmbSteward->count() > 0 ? 0 : -1);
+    ui->txtInput->setFocus();
+}
+
+void frmExpenseDetail::txtInput_Enter() {
+    const QuickEntry q = m_entry.quickEntry(ui->txtInput->text(), ui->chkAdd->isChecked());
+    if (q.next == QuickEntry::Next::MoveOn) {
+        focusNextChild();
+        return;
+    }
+    // Found or not, the search ends on the list.
+    ui->ctabThis->setCurrentWidget(ui->tabList);
+    if (q.index >= 0) {
+        QTreeWidgetItem* it = ui->lvwWare->topLevelItem(q.index);
+        ui->lvwWare->setCurrentItem(it);
+        ui->lvwWare->scrollToItem(it);
+    }
+    ui->lvwWare->setFocus();
+    if (q.num) ui->txtNum->setText(*q.num);
+    switch (q.next) {
+    case QuickEntry::Next::NotFound:
+    case QuickEntry::Next::BadQuantity:
+        Msg::info(this, q.message);
+        ui->txtInput->setFocus();
+        ui->txtInput->selectAll();
+        break;
+    case QuickEntry::Next::Save:
+        SaveData();
+        break;
+    case QuickEntry::Next::FocusSteward:
+        ui->cmbSteward->setFocus();
+        break;
+    case QuickEntry::Next::FocusNum:
+        ui->txtNum->setFocus();
+        ui->txtNum->selectAll();
+        break;
+    case QuickEntry::Next::MoveOn:
+        break;
+    }
+}
+
+void frmExpenseDetail::DeleteDetail() {
+    QTreeWidgetItem* it = ui->lvwDetail->currentItem();
+    if (!it || !it->isSelected()) return;
+    if (const Refused r = m_entry.CheckCanDelete()) return ShowRefusal(this, *r);
+    if (!Msg::confirm(this, OrderText::deleteQuestion(), QMessageBox::Cancel)) return;
+    const Refused r = m_entry.voidLine(StripKey(it->data(0, ExpenseLineRole::Key).toString()));
+    if (r) return ShowRefusal(this, *r);
+    delete it;
+    if (QTreeWidgetItem* first = ui->lvwDetail->topLevelItem(0)) ui->lvwDetail->setCurrentItem(first);
+    ShowThisSum();
+}
+
+void frmExpenseDetail::cmdWareAdd_Click() {
+    if (!CheckPuissance(QStringLiteral("C005"))) return;
+    frmWare dlg(this);
+    dlg.Add();
+    // Priced again at the present hour, like a fresh opening.
+    try {
+        m_entry.buildGoods(Now(), AllDiscountRate::current());
+    } catch (const DbError& e) {
+        traps(this, e, "cmdWareAdd_Click");
+    }
+    fillGoods();
+    ui->txtInput->setFocus();
+}
+
+void frmExpenseDetail::cmdDescription_Click() {
+    const QTreeWidgetItem* it = ui->lvwDetail->currentItem();
+    if (!it || !it->isSelected()) return Msg::info(this, OrderText::chooseLine());
+    frmExpenseDetailInfo dlg(this);
+    dlg.Edit(StripKey(it->data(0, ExpenseLineRole::Key).toString()));
+}
+
+// The gift needs its right only when ticked with the mouse.
+void frmExpenseDetail::chkFree_Clicked() {
+    if (!m_freeByMouse) return;
+    m_freeByMouse = false;
+    if (!CheckPuissance(QStringLiteral("D020"))) ui->chkFree->setChecked(false);
+}
+
+bool frmExpenseDetail::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui->chkFree) {
+        if (event->type() == QEvent::MouseButtonRelease) m_freeByMouse = true;
+        if (event->type() == QEvent::KeyPress) m_freeByMouse = false;
+        return QDialog::eventFilter(watched, event);
+    }
+    if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    const auto* k = static_cast<QKeyEvent*>(event);
+    const bool enter = k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter;
+    if (watched == ui->txtInput && enter) {
+        txtInput_Enter();
+        return true;
+    }
+    if (watched == ui->cmbSteward && enter && !ui->cmbSteward->view()->isVisible()) {
+        SaveData();
+        return true;
+    }
+    if (watched == ui->lvwDetail && k->key() == Qt::Key_Delete) {
+        DeleteDetail();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmExpenseDetail::done(int result) {
+    // The lines are stored; the tickets of this opening go out as the window closes.
+    if (!m_entry.thisCode().isEmpty())
+        OrderPrinting::instance().PrintThis(
+            {m_entry.expenseID(), m_entry.thisCode(), m_entry.theCode(), m_entry.thisSumTag()},
+            ui->chkPrintThis->isChecked());
+    m_entry.endBatch();
+    QDialog::done(result);
+}

@@ -1,0 +1,55 @@
+#pragma once
+#include "OrderEntry.h"
+#include <QDialog>
+#include <QHash>
+#include <memory>
+
+namespace Ui {
+class frmExpenseDetail;
+}
+class QTreeWidgetItem;
+
+// "消费明细": ordering goods and services into an open bill. Every confirmed order is written
+// at once; closing only closes, after the batch's tickets were handed to the printers.
+class frmExpenseDetail : public QDialog {
+    Q_OBJECT
+  public:
+    // Data roles of the goods list and tree items (column 0).
+    enum Role { KeyRole = Qt::UserRole, IndexRole, TagRole };
+
+    explicit frmExpenseDetail(QWidget* parent = nullptr);
+    ~frmExpenseDetail() override;
+
+    // Modal, for bill `expenseID`; whether the last order written succeeded.
+    bool Add(const QString& expenseID);
+    // The window for the bill, before the modal loop.
+    void Init(const QString& expenseID);
+
+    // The one write path: the selected goods with the boxes as typed.
+    void SaveData();
+    // Voids the selected line of lvwDetail.
+    void DeleteDetail();
+    // Enter in the quick entry box.
+    void txtInput_Enter();
+    void cmdWareAdd_Click();
+    void cmdDescription_Click();
+
+    const OrderEntry& entry() const { return m_entry; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void done(int result) override;
+
+  private:
+    void fillGoods();
+    std::optional<WareChoice> selectedWare() const;
+    void AddDetailToList(const OrderedLine& line);
+    void ShowThisSum();
+    void ResetInput();
+    void chkFree_Clicked();
+
+    std::unique_ptr<Ui::frmExpenseDetail> ui;
+    OrderEntry m_entry;
+    QHash<QString, QTreeWidgetItem*> m_listItems; // WareID -> its row of lvwWare
+    bool m_freeByMouse = false;
+};
