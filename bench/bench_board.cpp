@@ -7,6 +7,7 @@
 #include "MessageBox.h"
 #include "RoomBoard.h"
 #include "Venue.h"
+#include "BenchVenue.h"
 #include "VenueGenerator.h"
 #include <QApplication>
 #include <QStandardItemModel>
@@ -22,13 +23,10 @@ QString g_openRoom;
 void prepareVenue() {
     if (g_dir) return;
     g_dir = new QTemporaryDir;
-    Venue::prepare(g_dir->path());
-    AppInit(g_dir->path());
-    Venue::openAndUpgrade(DB(), Venue::connection(g_dir->path()));
     VenueSize size;
     size.openBills = 200;
     size.openLines = 20;
-    const GeneratedVenue v = GenerateVenue(DB(), size);
+    const GeneratedVenue v = OpenGeneratedVenue(*g_dir, size);
     g_openRoom = v.roomIds.first();
     App().CurrentOperatorName = QStringLiteral("基准");
     Clock::install(std::make_unique<FixedClock>(size.end.addSecs(30 * 60)));

@@ -6,6 +6,7 @@
 #include "Db.h"
 #include "MessageBox.h"
 #include "Venue.h"
+#include "BenchVenue.h"
 #include "VenueGenerator.h"
 #include "frmExpenseDetail.h"
 #include <QApplication>
@@ -24,13 +25,10 @@ QString g_bill;
 void prepareVenue() {
     if (g_dir) return;
     g_dir = new QTemporaryDir;
-    Venue::prepare(g_dir->path());
-    AppInit(g_dir->path());
-    Venue::openAndUpgrade(DB(), Venue::connection(g_dir->path()));
     VenueSize size;
     size.openBills = 200;
     size.openLines = 20;
-    const GeneratedVenue v = GenerateVenue(DB(), size);
+    const GeneratedVenue v = OpenGeneratedVenue(*g_dir, size);
     g_bill = v.openBillIds.first();
     DB().write([] {
         for (int i = 1; i <= 40; ++i)

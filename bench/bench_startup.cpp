@@ -3,6 +3,7 @@
 #include "AppState.h"
 #include "Db.h"
 #include "MessageBox.h"
+#include "BenchVenue.h"
 #include "VenueGenerator.h"
 #include "Venue.h"
 #include "frmLogin.h"
@@ -21,14 +22,11 @@ QTemporaryDir* g_dir = nullptr;
 void prepareVenue() {
     if (g_dir) return;
     g_dir = new QTemporaryDir;
-    Venue::prepare(g_dir->path());
-    AppInit(g_dir->path());
-    Venue::openAndUpgrade(DB(), Venue::connection(g_dir->path()));
     VenueSize size;
     size.days = 365;
     size.billsPerDay = 40;
     size.openBills = 200;
-    GenerateVenue(DB(), size);
+    OpenGeneratedVenue(*g_dir, size);
     DB().close();
 }
 

@@ -11,6 +11,8 @@
 #include "frmMain.h"
 #include "frmOption.h"
 #include "frmPayLevel.h"
+#include "frmEmployee.h"
+#include "frmEmployeeList.h"
 #include "Clock.h"
 #include "Format.h"
 #include "RoomBoard.h"
@@ -192,6 +194,13 @@ int main(int argc, char** argv) {
     periods.findChild<QLineEdit*>(QStringLiteral("txtDiscount2"))->setText(QStringLiteral("0.8"));
     save(&periods, QStringLiteral("frmWareLevel"));
     MemberShots(g_out);
+    frmEmployeeList staff;
+    staff.prepare(false);
+    staff.resize(900, 420);
+    save(&staff, QStringLiteral("frmEmployeeList"));
+    frmEmployee person;
+    person.startEdit(DB().scalar(QStringLiteral("select EmployeeID from Employee order by Employeecode")).toString());
+    save(&person, QStringLiteral("frmEmployee"));
     PrintShots(g_out, DB().scalar(QStringLiteral("select ExpenseID from The where TheID=?"), {busy}).toString());
     DB().close();
     return 0;

@@ -30,12 +30,15 @@ std::optional<EmployeeInput> EmployeeService::load(const QString& id) const {
 }
 
 QByteArray EmployeeService::photo(const QString& id) const {
-    return m_db.scalar(QStringLiteral("select ThisPhoto from Employee where EmployeeID=?"), {id}).toByteArray();
+    return m_db.scalar(QStringLiteral("select ThisPhoto from Employee where EmployeeID=?"), {id})
+        .toByteArray();
 }
 
 Refused EmployeeService::validate(const EmployeeInput& in) {
-    if (in.code.trimmed().isEmpty()) return Refusal{QStringLiteral("请输入员工编号！"), QStringLiteral("txtEmployeeCode")};
-    if (in.name.trimmed().isEmpty()) return Refusal{QStringLiteral("请输入员工姓名！"), QStringLiteral("txtEmployeeName")};
+    if (in.code.trimmed().isEmpty())
+        return Refusal{QStringLiteral("请输入员工编号！"), QStringLiteral("txtEmployeeCode")};
+    if (in.name.trimmed().isEmpty())
+        return Refusal{QStringLiteral("请输入员工姓名！"), QStringLiteral("txtEmployeeName")};
     return std::nullopt;
 }
 
@@ -45,7 +48,8 @@ EmployeeSaved EmployeeService::save(const QString& id, const EmployeeInput& in, 
     if (photo.kind == PhotoChange::File) {
         QFile f(photo.path);
         if (!f.open(QIODevice::ReadOnly))
-            return {{}, Refusal{QStringLiteral("无法读取照片文件：") + photo.path, {}, Msg::Icon::Exclamation}};
+            return {{},
+                    Refusal{QStringLiteral("无法读取照片文件：") + photo.path, {}, Msg::Icon::Exclamation}};
         picture = f.readAll();
     }
     try {
@@ -56,12 +60,14 @@ EmployeeSaved EmployeeService::save(const QString& id, const EmployeeInput& in, 
             m_db.exec(QStringLiteral("insert into Employee (EmployeeID) values (?)"), {key});
         }
         const int n = m_db.exec(
-            QStringLiteral("update Employee set Employeecode=?, EmployeeName=?, Sex=?, EmployeeBorn=?, EmployeePhone=?, "
-                           "EmployeeDesc=?, IDCard=?, EmployeeAddress=?, email=?, Fax=?, Postcode=?, movephone=?, "
-                           "State=? where EmployeeID=?"),
+            QStringLiteral(
+                "update Employee set Employeecode=?, EmployeeName=?, Sex=?, EmployeeBorn=?, EmployeePhone=?, "
+                "EmployeeDesc=?, IDCard=?, EmployeeAddress=?, email=?, Fax=?, Postcode=?, movephone=?, "
+                "State=? where EmployeeID=?"),
             {in.code, in.name, in.male ? QStringLiteral("男") : QStringLiteral("女"),
-             in.born.isValid() ? in.born.toString(QStringLiteral("yyyy-MM-dd")) : QString(), in.phone, in.description,
-             in.idCard, in.address, in.email, in.fax, in.postCode, in.movePhone, in.state, key});
+             in.born.isValid() ? in.born.toString(QStringLiteral("yyyy-MM-dd")) : QString(), in.phone,
+             in.description, in.idCard, in.address, in.email, in.fax, in.postCode, in.movePhone, in.state,
+             key});
         // Edited meanwhile out of existence: nothing to write.
         if (n == 0) return {};
         if (photo.kind == PhotoChange::Clear)
@@ -71,7 +77,10 @@ EmployeeSaved EmployeeService::save(const QString& id, const EmployeeInput& in, 
         t.commit();
         return {key, std::nullopt};
     } catch (const DbError& e) {
-        return {{}, Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmEmployee")), {}, Msg::Icon::Critical}};
+        return {{},
+                Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmEmployee")),
+                        {},
+                        Msg::Icon::Critical}};
     }
 }
 
@@ -84,15 +93,16 @@ Refused EmployeeService::remove(const QString& id) {
 CommissionRun EmployeeService::recalcCommissions() {
     try {
         const qint64 credited =
-            m_db.scalar(QStringLiteral("select count(*) from ExpenseDetail where Other1 is not null")).toLongLong();
+            m_db.scalar(QStringLiteral("select count(*) from ExpenseDetail where Other1 is not null"))
+                .toLongLong();
         if (credited == 0) return CommissionRun::NothingToDo;
         // One statement over all lines: the rate of goods deleted since counts as 0. The
         // per-unit rate is whole money, the quantity a number, rounded once per line as the
         // order window does (ties to even).
         Transaction t(m_db);
-        const Rows lines = m_db.query(QStringLiteral(
-            "select d.DetailID, d.num, coalesce(w.tiCheng, 0) as rate from ExpenseDetail d "
-            "left join Ware w on w.WareID=d.WareID where d.Other1 is not null"));
+        const Rows lines = m_db.query(
+            QStringLiteral("select d.DetailID, d.num, coalesce(w.tiCheng, 0) as rate from ExpenseDetail d "
+                           "left join Ware w on w.WareID=d.WareID where d.Other1 is not null"));
         for (const Row r : lines)
             m_db.exec(QStringLiteral("update ExpenseDetail set TiChengMoney=? where DetailID=?"),
                       {r.money(QStringLiteral("rate")).times(r.num(QStringLiteral("num"))),

@@ -6,15 +6,23 @@
 #include <QFileDialog>
 #include <QPixmap>
 
+namespace {
+const QDate NoDate(1900, 1, 1);
+}
+
 frmEmployee::frmEmployee(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmEmployee>()) {
     ui->setupUi(this);
     EnterMovesOn::install(this);
+    // The earliest date stands for "not given" and shows blank.
+    ui->dtpEmployeeBorn->setMinimumDate(NoDate);
+    ui->dtpEmployeeBorn->setSpecialValueText(QStringLiteral(" "));
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmEmployee::cmdOK_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui->cmdImageDel, &QPushButton::clicked, this, &frmEmployee::cmdImageDel_Click);
     connect(ui->cmdImageSet, &QPushButton::clicked, this, [this] {
-        const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("选择照片"), QString(),
-                                                          QStringLiteral("bmp,jpg,gif图象文件 (*.jpg *.gif *.bmp *.png)"));
+        const QString path =
+            QFileDialog::getOpenFileName(this, QStringLiteral("选择照片"), QString(),
+                                         QStringLiteral("bmp,jpg,gif图象文件 (*.jpg *.gif *.bmp *.png)"));
         if (!path.isEmpty()) setPhotoFile(path);
     });
 }
@@ -24,7 +32,8 @@ frmEmployee::~frmEmployee() = default;
 void frmEmployee::showPhoto(const QByteArray& data) {
     QPixmap pm;
     if (!data.isEmpty() && pm.loadFromData(data)) {
-        ui->imgThisPhoto->setPixmap(pm.scaled(ui->imgThisPhoto->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        ui->imgThisPhoto->setPixmap(
+            pm.scaled(ui->imgThisPhoto->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
     } else {
         ui->imgThisPhoto->setPixmap(QPixmap());
         ui->imgThisPhoto->setText(QStringLiteral("无照片"));
@@ -35,9 +44,10 @@ void frmEmployee::startAdd() {
     m_id.clear();
     m_saved = false;
     m_photo = {PhotoChange::Clear, {}};
-    for (QLineEdit* e : findChildren<QLineEdit*>()) e->clear();
+    for (QLineEdit* e : findChildren<QLineEdit*>())
+        e->clear();
     ui->optSex0->setChecked(true);
-    ui->dtpEmployeeBorn->setDate(QDate(1990, 1, 1));
+    ui->dtpEmployeeBorn->setDate(NoDate);
     ui->cmbState->setCurrentIndex(0);
     showPhoto({});
     ui->txtEmployeeCode->setFocus();
@@ -53,7 +63,7 @@ bool frmEmployee::startEdit(const QString& id) {
     ui->txtEmployeeCode->setText(e->code);
     ui->txtEmployeeName->setText(e->name);
     (e->male ? ui->optSex0 : ui->optSex1)->setChecked(true);
-    ui->dtpEmployeeBorn->setDate(e->born.isValid() ? e->born : QDate(1990, 1, 1));
+    ui->dtpEmployeeBorn->setDate(e->born.isValid() ? e->born : NoDate);
     ui->txtPhone->setText(e->phone);
     ui->txtDesc->setText(e->description);
     ui->txtIDCard->setText(e->idCard);
@@ -97,7 +107,7 @@ EmployeeInput frmEmployee::input() const {
     in.code = ui->txtEmployeeCode->text();
     in.name = ui->txtEmployeeName->text();
     in.male = ui->optSex0->isChecked();
-    in.born = ui->dtpEmployeeBorn->date();
+    in.born = ui->dtpEmployeeBorn->date() == NoDate ? QDate() : ui->dtpEmployeeBorn->date();
     in.phone = ui->txtPhone->text();
     in.description = ui->txtDesc->text();
     in.idCard = ui->txtIDCard->text();

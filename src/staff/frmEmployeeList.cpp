@@ -15,7 +15,8 @@ namespace {
 const QString ListName = QStringLiteral("frmEmployeeList.lvwThis");
 }
 
-frmEmployeeList::frmEmployeeList(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmEmployeeList>()) {
+frmEmployeeList::frmEmployeeList(QWidget* parent)
+    : QDialog(parent), ui(std::make_unique<Ui::frmEmployeeList>()) {
     ui->setupUi(this);
     SortListOnHeaderClick(ui->lvwThis);
     connect(ui->cmdAdd, &QPushButton::clicked, this, &frmEmployeeList::cmdAdd_Click);
@@ -26,14 +27,17 @@ frmEmployeeList::frmEmployeeList(QWidget* parent) : QDialog(parent), ui(std::mak
     connect(ui->cmdSelect, &QPushButton::clicked, this, &frmEmployeeList::cmdSelect_Click);
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui->lvwThis, &QTreeWidget::itemDoubleClicked, this, [this] {
-        if (ui->fraSelect->isVisible()) cmdSelect_Click();
-        else cmdEdit_Click();
+        if (ui->fraSelect->isVisible())
+            cmdSelect_Click();
+        else
+            cmdEdit_Click();
     });
     connect(ui->lvwThis, &QWidget::customContextMenuRequested, this, [this](const QPoint& pos) {
         QMenu mnuSetup(this);
         QAction* show = mnuSetup.addAction(QStringLiteral("显示栏目"));
         show->setObjectName(QStringLiteral("mnuShowCase"));
-        if (mnuSetup.exec(ui->lvwThis->viewport()->mapToGlobal(pos)) == show && frmQNDisplayCase::ShowSetup(ListName, this))
+        if (mnuSetup.exec(ui->lvwThis->viewport()->mapToGlobal(pos)) == show &&
+            frmQNDisplayCase::ShowSetup(ListName, this))
             LoadData();
     });
 }

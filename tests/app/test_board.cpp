@@ -2,6 +2,7 @@
 #include "Clock.h"
 #include "MessageBox.h"
 #include "RoomBoard.h"
+#include "ModalDriver.h"
 #include "TestVenue.h"
 #include "fExpense.h"
 #include "frmMain.h"
@@ -40,20 +41,6 @@ void addVenue() {
     addRoom(QStringLiteral("r2"), QStringLiteral("A02"), QStringLiteral("a"));
     addRoom(QStringLiteral("r3"), QStringLiteral("A03"), QStringLiteral("a"));
     addRoom(QStringLiteral("r9"), QStringLiteral("B01"), QStringLiteral("b"));
-}
-
-// Runs `act` on the next modal dialog once it is shown, while the caller sits in its exec().
-void onModal(std::function<void(QDialog*)> act) {
-    auto* timer = new QTimer;
-    timer->setInterval(10);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
-        if (auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-            timer->stop();
-            timer->deleteLater();
-            act(d);
-        }
-    });
-    timer->start();
 }
 
 template <class T> T* child(QWidget* w, const char* name) {

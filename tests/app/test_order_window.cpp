@@ -3,6 +3,7 @@
 #include "OrderPrinting.h"
 #include "RoomBoard.h"
 #include "Settings.h"
+#include "ModalDriver.h"
 #include "TestVenue.h"
 #include "frmExpenseDetail.h"
 #include "frmMain.h"
@@ -39,23 +40,6 @@ void addVenue() {
 
 // Runs `act` on the modal dialog of that name once it is up and active (its F-keys work
 // from then on), while the caller sits in exec(). A dialog a failed check leaves open is
-// closed, so that the failure is reported instead of waiting for ever.
-void onModal(const QString& name, std::function<void(QDialog*)> act) {
-    auto* timer = new QTimer;
-    timer->setInterval(10);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, name, act] {
-        auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (d && d->objectName() == name) {
-            timer->stop();
-            timer->deleteLater();
-            QVERIFY(QTest::qWaitForWindowActive(d));
-            act(d);
-            if (d->isVisible()) d->reject();
-        }
-    });
-    timer->start();
-}
-
 template <class T> T* child(QWidget* w, const char* name) {
     T* c = w->findChild<T*>(QLatin1String(name));
     if (!c) qFatal("no control %s", name);

@@ -3,6 +3,7 @@
 #include "MemberPrinting.h"
 #include "Password.h"
 #include "SignIn.h"
+#include "ModalDriver.h"
 #include "TestVenue.h"
 #include "frmChangePw.h"
 #include "frmChongzhi.h"
@@ -29,19 +30,6 @@
 namespace {
 qint64 count(const QString& sql, const Params& p = {}) {
     return DB().scalar(sql, p).toLongLong();
-}
-
-void onModal(std::function<void(QDialog*)> act) {
-    auto* timer = new QTimer;
-    timer->setInterval(10);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
-        if (auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-            timer->stop();
-            timer->deleteLater();
-            act(d);
-        }
-    });
-    timer->start();
 }
 
 template <class T> T* child(QObject* form, const char* name) {

@@ -1,6 +1,7 @@
 #include "AppState.h"
 #include "EmployeeService.h"
 #include "ListColumns.h"
+#include "ModalDriver.h"
 #include "Money.h"
 #include "TestVenue.h"
 #include "frmEmployee.h"
@@ -23,25 +24,15 @@ EmployeeInput person(const QString& code, const QString& name) {
     in.name = name;
     return in;
 }
-qint64 count(const QString& sql, const Params& p = {}) { return DB().scalar(sql, p).toLongLong(); }
-
-void onModal(std::function<void(QDialog*)> act) {
-    auto* timer = new QTimer;
-    timer->setInterval(10);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, act] {
-        if (auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-            timer->stop();
-            timer->deleteLater();
-            act(d);
-        }
-    });
-    timer->start();
+qint64 count(const QString& sql, const Params& p = {}) {
+    return DB().scalar(sql, p).toLongLong();
 }
 
 QStringList column(QTreeWidget* list, const QString& colname) {
     QStringList out;
     const int c = ListColumn(list, colname);
-    for (int i = 0; i < list->topLevelItemCount(); ++i) out << list->topLevelItem(i)->text(c);
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        out << list->topLevelItem(i)->text(c);
     return out;
 }
 } // namespace
@@ -54,10 +45,22 @@ class TestEmployees : public QObject {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("field");
-        QTest::newRow("no code") << " " << "张三" << "请输入员工编号！" << "txtEmployeeCode";
-        QTest::newRow("no name") << "E1" << "  " << "请输入员工姓名！" << "txtEmployeeName";
-        QTest::newRow("both missing: code first") << "" << "" << "请输入员工编号！" << "txtEmployeeCode";
-        QTest::newRow("fine") << "E1" << "张三" << "" << "";
+        QTest::newRow("no code") << " "
+                                 << "张三"
+                                 << "请输入员工编号！"
+                                 << "txtEmployeeCode";
+        QTest::newRow("no name") << "E1"
+                                 << "  "
+                                 << "请输入员工姓名！"
+                                 << "txtEmployeeName";
+        QTest::newRow("both missing: code first") << ""
+                                                  << ""
+                                                  << "请输入员工编号！"
+                                                  << "txtEmployeeCode";
+        QTest::newRow("fine") << "E1"
+                              << "张三"
+                              << ""
+                              << "";
     }
     void validate() {
         QFETCH(QString, code);
@@ -116,21 +119,27 @@ class TestEmployees : public QObject {
         OPEN_VENUE(v);
         EmployeeService s;
         QCOMPARE(s.recalcCommissions(), CommissionRun::NothingToDo);
-        DB().exec(QStringLiteral("insert into Ware (WareID, WareName, tiCheng) values ('w1', '洋酒', ?), ('w2', '果盘', ?)"),
-                  {Money::yuan(10), Money::fromDouble(2.5)});
+        DB().exec(
+            QStringLiteral(
+                "insert into Ware (WareID, WareName, tiCheng) values ('w1', '洋酒', ?), ('w2', '果盘', ?)"),
+            {Money::yuan(10), Money::fromDouble(2.5)});
         auto line = [](const char* id, const char* ware, double num, const QVariant& other1, int isdel) {
-            DB().exec(QStringLiteral("insert into ExpenseDetail (DetailID, ExpenseID, WareID, num, Other1, TiChengMoney, "
-                                     "isdel) values (?, 'e', ?, ?, ?, 7, ?)"),
-                      {QString::fromLatin1(id), QString::fromLatin1(ware), num,
-                       other1.isNull() ? Param(nullptr) : Param(other1.toString()), isdel});
+            DB().exec(
+                QStringLiteral(
+                    "insert into ExpenseDetail (DetailID, ExpenseID, WareID, num, Other1, TiChengMoney, "
+                    "isdel) values (?, 'e', ?, ?, ?, 7, ?)"),
+                {QString::fromLatin1(id), QString::fromLatin1(ware), num,
+                 other1.isNull() ? Param(nullptr) : Param(other1.toString()), isdel});
         };
         line("d1", "w1", 2, QStringLiteral("张三"), 0);
-        line("d2", "w2", 1.5, QString(), 1);      // empty name still counts, voids too
+        line("d2", "w2", 1.5, QString(), 1);              // empty name still counts, voids too
         line("d3", "gone", 3, QStringLiteral("李四"), 0); // goods deleted since
-        line("d4", "w1", 5, QVariant(), 0);        // nobody credited: untouched
+        line("d4", "w1", 5, QVariant(), 0);               // nobody credited: untouched
         QCOMPARE(s.recalcCommissions(), CommissionRun::Done);
         auto money = [](const char* id) {
-            return DB().query(QStringLiteral("select TiChengMoney from ExpenseDetail where DetailID=?"), {QString::fromLatin1(id)})
+            return DB()
+                .query(QStringLiteral("select TiChengMoney from ExpenseDetail where DetailID=?"),
+                       {QString::fromLatin1(id)})
                 .first()
                 .money(QStringLiteral("TiChengMoney"));
         };
@@ -151,13 +160,16 @@ class TestEmployees : public QObject {
         off.state = 1;
         QVERIFY(s.save({}, person(QStringLiteral("E1"), QStringLiteral("张三")), {}).ok());
         QVERIFY(s.save({}, off, {}).ok());
-        DB().exec(QStringLiteral("insert into ExpenseDetail (DetailID, ExpenseID, Other1) values ('d', 'e', '张三')"));
+        DB().exec(QStringLiteral(
+            "insert into ExpenseDetail (DetailID, ExpenseID, Other1) values ('d', 'e', '张三')"));
 
         frmEmployeeList w;
         w.prepare(false);
         auto* list = w.findChild<QTreeWidget*>(QStringLiteral("lvwThis"));
-        QCOMPARE(list->headerItem()->text(ListColumn(list, QStringLiteral("EmployeeName"))), QStringLiteral("姓名"));
-        QCOMPARE(column(list, QStringLiteral("State")), (QStringList{QStringLiteral("在职"), QStringLiteral("停职")}));
+        QCOMPARE(list->headerItem()->text(ListColumn(list, QStringLiteral("EmployeeName"))),
+                 QStringLiteral("姓名"));
+        QCOMPARE(column(list, QStringLiteral("State")),
+                 (QStringList{QStringLiteral("在职"), QStringLiteral("停职")}));
 
         // Add through the real dialog.
         onModal([](QDialog* d) {
@@ -172,9 +184,15 @@ class TestEmployees : public QObject {
         QCOMPARE(list->topLevelItemCount(), 3);
         QCOMPARE(DB().scalar(QStringLiteral("select Sex from Employee where Employeecode='E3'")).toString(),
                  QStringLiteral("女"));
+        // No birthday typed: none stored.
+        QCOMPARE(DB().scalar(QStringLiteral("select EmployeeBorn from Employee where Employeecode='E3'"))
+                     .toString(),
+                 QString());
 
         // Deleting asks nothing and leaves the name on old lines.
-        list->setCurrentItem(list->findItems(QStringLiteral("E1"), Qt::MatchExactly, ListColumn(list, QStringLiteral("Employeecode"))).first());
+        list->setCurrentItem(list->findItems(QStringLiteral("E1"), Qt::MatchExactly,
+                                             ListColumn(list, QStringLiteral("Employeecode")))
+                                 .first());
         w.cmdDel_Click();
         QCOMPARE(list->topLevelItemCount(), 2);
         QCOMPARE(count(QStringLiteral("select count(*) from ExpenseDetail where Other1='张三'")), 1);
@@ -191,13 +209,14 @@ class TestEmployees : public QObject {
     void changes_need_their_right() {
         TestVenue v;
         OPEN_VENUE(v);
-        DB().exec(QStringLiteral("insert into Operator (OperatorID, LoginName, operatorname, State) values ('o1', 'c', '收银员', 0)"));
+        DB().exec(QStringLiteral("insert into Operator (OperatorID, LoginName, operatorname, State) values "
+                                 "('o1', 'c', '收银员', 0)"));
         App().CurrentOperatorID = QStringLiteral("o1");
         QVERIFY(EmployeeService().save({}, person(QStringLiteral("E1"), QStringLiteral("张三")), {}).ok());
         frmEmployeeList w;
         w.prepare(false);
-        w.findChild<QTreeWidget*>(QStringLiteral("lvwThis"))->setCurrentItem(
-            w.findChild<QTreeWidget*>(QStringLiteral("lvwThis"))->topLevelItem(0));
+        w.findChild<QTreeWidget*>(QStringLiteral("lvwThis"))
+            ->setCurrentItem(w.findChild<QTreeWidget*>(QStringLiteral("lvwThis"))->topLevelItem(0));
         w.cmdDel_Click();
         QCOMPARE(messages().size(), 1);
         QCOMPARE(count(QStringLiteral("select count(*) from Employee")), 1);
