@@ -64,7 +64,7 @@ Refused MemberClassService::remove(const QString& id, bool* gone) {
         if (gone) *gone = n > 0;
         return std::nullopt;
     } catch (const DbError&) {
-        return Refusal{QStringLiteral("不能删除此数据，因为它已经使用！"), {}, Msg::Icon::Exclamation};
+        return Refusal::warning(QStringLiteral("不能删除此数据，因为它已经使用！"));
     }
 }
 

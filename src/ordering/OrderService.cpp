@@ -10,15 +10,8 @@
 #include "fExpense.h"
 
 namespace {
-// A key met on another workstation in the same second, or a busy database: tried again.
-constexpr int WriteAttempts = 5;
-
-bool again(Db& db, const DbError& e, int attempt) {
-    return attempt < WriteAttempts && (db.dialect().isUniqueViolation(e) || db.dialect().isRetryable(e));
-}
-
 Refusal failed(const DbError& e, const char* procedure) {
-    return {e.message(QLatin1String(procedure), QStringLiteral("frmExpenseDetail")), {}, Msg::Icon::Critical};
+    return Refusal::error(e.message(QLatin1String(procedure), QStringLiteral("frmExpenseDetail")));
 }
 
 // Throws DbError; the callers report it as their own.
@@ -58,7 +51,7 @@ Refused OrderService::holdOpenBill(const QString& expenseID) {
     const bool exists =
         m_db.scalar(QStringLiteral("select count(*) from Expense where ExpenseID=?"), {expenseID})
             .toLongLong() > 0;
-    return Refusal{exists ? OrderText::billClosed() : OrderText::billGone(), {}, Msg::Icon::Exclamation};
+    return Refusal::warning(exists ? OrderText::billClosed() : OrderText::billGone());
 }
 
 LineSaved OrderService::SaveLine(const OrderLineInput& in) {
@@ -127,7 +120,7 @@ LineSaved OrderService::SaveLine(const OrderLineInput& in) {
             t.commit();
             return {l, std::nullopt};
         } catch (const DbError& e) {
-            if (again(m_db, e, attempt)) continue;
+            if (m_db.mayRetry(e, attempt)) continue;
             return {std::nullopt, failed(e, "SaveData")};
         }
     }
@@ -148,7 +141,7 @@ Refused OrderService::DeleteDetail(const QString& expenseID, const QString& deta
                     QStringLiteral("update ExpenseDetail set isdel=1 where DetailID=? and ExpenseID=? and "
                                    "coalesce(isdel,0)<>1"),
                     {detailID, expenseID}) == 0)
-                return Refusal{OrderText::lineGone(), {}, Msg::Icon::Exclamation};
+                return Refusal::warning(OrderText::lineGone());
             // The quantity as stored, not as the list rounds it; gifts too.
             if (App().IsUseWareHouse == 1)
                 m_db.exec(
@@ -157,7 +150,7 @@ Refused OrderService::DeleteDetail(const QString& expenseID, const QString& deta
             t.commit();
             return std::nullopt;
         } catch (const DbError& e) {
-            if (again(m_db, e, attempt)) continue;
+            if (m_db.mayRetry(e, attempt)) continue;
             return failed(e, "DeleteDetail");
         }
     }
@@ -168,7 +161,7 @@ Refused OrderService::SaveNote(const QString& detailID, const QString& note) {
         Transaction t(m_db);
         if (m_db.exec(QStringLiteral("update ExpenseDetail set Description=? where DetailID=?"),
                       {note, detailID}) == 0)
-            return Refusal{OrderText::lineGone(), {}, Msg::Icon::Exclamation};
+            return Refusal::warning(OrderText::lineGone());
         SaveAutoInput(QStringLiteral("DetailDescription"), note, m_db);
         t.commit();
         return std::nullopt;

@@ -9,10 +9,6 @@ namespace {
 // Beyond this a money amount no longer fits the 64-bit count of 1/10000 yuan with room to spare.
 constexpr double MaxMoney = 1e12;
 
-Refusal asked(const QString& message, const QString& field) {
-    return {message, field, Msg::Icon::Information};
-}
-
 bool fitsMoney(const QString& text) {
     return std::fabs(Val(text)) < MaxMoney;
 }
@@ -52,9 +48,9 @@ std::optional<WareTypeInput> WareService::loadWareType(const QString& id) const 
 
 Refused WareService::validateWareType(const WareTypeInput& in) {
     if (in.wareTypeID.trimmed().isEmpty())
-        return asked(QStringLiteral("请输入分类编号！"), QStringLiteral("txtWareTypeID"));
+        return Refusal(QStringLiteral("请输入分类编号！"), QStringLiteral("txtWareTypeID"));
     if (in.wareTypeName.trimmed().isEmpty())
-        return asked(QStringLiteral("请输入分类名称！"), QStringLiteral("txtWareTypeName"));
+        return Refusal(QStringLiteral("请输入分类名称！"), QStringLiteral("txtWareTypeName"));
     return std::nullopt;
 }
 
@@ -95,7 +91,7 @@ Refused WareService::deleteWareType(const QString& id) {
         return std::nullopt;
     } catch (const DbError&) {
         // Articles of the type: the foreign key refuses.
-        return Refusal{WareText::inUse(), {}, Msg::Icon::Exclamation};
+        return Refusal::warning(WareText::inUse());
     }
 }
 
@@ -118,20 +114,21 @@ std::optional<WareInput> WareService::loadWare(const QString& id) const {
 
 Refused WareService::validateWare(const WareInput& in) {
     if (in.wareName.trimmed().isEmpty())
-        return asked(QStringLiteral("请输入品项名称！"), QStringLiteral("txtWareName"));
-    if (Val(in.price) == 0) return asked(QStringLiteral("请输入品项单价！"), QStringLiteral("txtPrice"));
+        return Refusal(QStringLiteral("请输入品项名称！"), QStringLiteral("txtWareName"));
+    if (Val(in.price) == 0) return Refusal(QStringLiteral("请输入品项单价！"), QStringLiteral("txtPrice"));
     if (!IsNumeric(in.procurePrice))
-        return asked(QStringLiteral("品项成本只能输入数字！"), QStringLiteral("txtProcurePrice"));
+        return Refusal(QStringLiteral("品项成本只能输入数字！"), QStringLiteral("txtProcurePrice"));
     if (!IsNumeric(in.tiCheng))
-        return asked(QStringLiteral("员工提成只能输入数字！"), QStringLiteral("txtTicheng"));
+        return Refusal(QStringLiteral("员工提成只能输入数字！"), QStringLiteral("txtTicheng"));
     if (in.wareTypeID.isEmpty())
-        return asked(QStringLiteral("请选择品项所属分类！"), QStringLiteral("imgcmbWareType"));
+        return Refusal(QStringLiteral("请选择品项所属分类！"), QStringLiteral("imgcmbWareType"));
     // Amounts that would not fit the stored money.
-    if (!fitsMoney(in.price)) return asked(QStringLiteral("品项单价超出范围！"), QStringLiteral("txtPrice"));
+    if (!fitsMoney(in.price))
+        return Refusal(QStringLiteral("品项单价超出范围！"), QStringLiteral("txtPrice"));
     if (!fitsMoney(in.procurePrice))
-        return asked(QStringLiteral("品项成本超出范围！"), QStringLiteral("txtProcurePrice"));
+        return Refusal(QStringLiteral("品项成本超出范围！"), QStringLiteral("txtProcurePrice"));
     if (!fitsMoney(in.tiCheng))
-        return asked(QStringLiteral("员工提成超出范围！"), QStringLiteral("txtTicheng"));
+        return Refusal(QStringLiteral("员工提成超出范围！"), QStringLiteral("txtTicheng"));
     return std::nullopt;
 }
 
@@ -181,7 +178,7 @@ Refused WareService::deleteWare(const QString& id) {
         m_db.write([&] { m_db.exec(QStringLiteral("delete from Ware where WareID=?"), {id}); });
         return std::nullopt;
     } catch (const DbError&) {
-        return Refusal{WareText::inUse(), {}, Msg::Icon::Exclamation};
+        return Refusal::warning(WareText::inUse());
     }
 }
 

@@ -50,9 +50,8 @@ class RoomTileDelegate : public QStyledItemDelegate {
         p->drawPath(tile);
 
         const QRectF icon(r.left() + 7, r.top() + 7, 22, 22);
-        p->drawPixmap(icon.toRect(),
-                      StatusPixmap(key, 22 * int(option.widget ? option.widget->devicePixelRatioF() : 1))
-                          .scaled(22, 22, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        // The icon keeps its drawn pictures, so a repaint draws no picture anew.
+        StatusIcon(key).paint(p, icon.toRect());
 
         QFont small = option.font;
         small.setPixelSize(13);

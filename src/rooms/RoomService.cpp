@@ -18,16 +18,6 @@ const QString fEndCode = QStringLiteral("txtEndCode");
 // One batch may not run away on a mistyped end number.
 constexpr qint64 MaxBatch = 1000;
 
-Refusal asked(const QString& message, const QString& field) {
-    return {message, field, Msg::Icon::Information};
-}
-Refusal refused(const QString& message, const QString& field = {}) {
-    return {message, field, Msg::Icon::Exclamation};
-}
-Refusal failed(const DbError& e, const QString& procedure, const QString& form) {
-    return {e.message(procedure, form), {}, Msg::Icon::Critical};
-}
-
 // An unset key is stored as null: the foreign keys refuse empty text.
 Param keyOrNull(const QString& key) {
     return key.isEmpty() ? Param(nullptr) : Param(key);
@@ -67,8 +57,8 @@ std::optional<RoomTypeInput> RoomService::loadRoomType(const QString& assortID) 
 
 Saved RoomService::saveRoomType(const RoomTypeInput& in) {
     if (in.assortName.trimmed().isEmpty())
-        return {{}, asked(QStringLiteral("请输入分类名称！"), fAssortName)};
-    if (in.payLevelID.isEmpty()) return {{}, asked(QStringLiteral("请选择包厢所属分类！"), fAssort)};
+        return {{}, Refusal(QStringLiteral("请输入分类名称！"), fAssortName)};
+    if (in.payLevelID.isEmpty()) return {{}, Refusal(QStringLiteral("请选择包厢所属分类！"), fAssort)};
     try {
         Transaction t(m_db);
         QString id = in.assortID;
@@ -80,12 +70,12 @@ Saved RoomService::saveRoomType(const RoomTypeInput& in) {
         } else if (m_db.exec(
                        QStringLiteral("update TheAssort set AssortName=?, PayLevelID=? where AssortID=?"),
                        {in.assortName, keyOrNull(in.payLevelID), id}) == 0) {
-            return {{}, refused(RoomText::typeGone())};
+            return {{}, Refusal::warning(RoomText::typeGone())};
         }
         t.commit();
         return {id, {}};
     } catch (const DbError& e) {
-        return {{}, failed(e, QStringLiteral("SaveData"), QStringLiteral("frmHouseAssort"))};
+        return {{}, Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouseAssort")))};
     }
 }
 
@@ -94,13 +84,13 @@ Refused RoomService::deleteRoomType(const QString& assortID) {
         Transaction t(m_db);
         if (m_db.scalar(QStringLiteral("select count(*) from The where AssortID=?"), {assortID})
                 .toLongLong() > 0)
-            return refused(RoomText::inUse());
+            return Refusal::warning(RoomText::inUse());
         m_db.exec(QStringLiteral("delete from TheAssort where AssortID=?"), {assortID});
         t.commit();
         return std::nullopt;
     } catch (const DbError&) {
         // A room given the type meanwhile: the foreign key refuses.
-        return refused(RoomText::inUse());
+        return Refusal::warning(RoomText::inUse());
     }
 }
 
@@ -116,13 +106,14 @@ std::optional<RoomInput> RoomService::loadRoom(const QString& theID) const {
 
 Saved RoomService::saveRoom(const RoomInput& in) {
     const QString code = in.theCode.trimmed();
-    if (code.isEmpty()) return {{}, asked(QStringLiteral("请输入手牌编号！"), fHouseCode)};
-    if (in.assortID.isEmpty()) return {{}, asked(QStringLiteral("请选择包厢的类型！"), fAssort)};
+    if (code.isEmpty()) return {{}, Refusal(QStringLiteral("请输入手牌编号！"), fHouseCode)};
+    if (in.assortID.isEmpty()) return {{}, Refusal(QStringLiteral("请选择包厢的类型！"), fAssort)};
     // A key made on another workstation in the same second can collide once or twice.
     for (int attempt = 1;; ++attempt) {
         try {
             Transaction t(m_db);
-            if (codeTaken(code, in.theID)) return {{}, refused(RoomText::duplicateCode(), fHouseCode)};
+            if (codeTaken(code, in.theID))
+                return {{}, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
             QString id = in.theID;
             if (id.isEmpty()) {
                 id = FreshKey(QStringLiteral("The"), QStringLiteral("TheID"), m_db);
@@ -132,7 +123,7 @@ Saved RoomService::saveRoom(const RoomInput& in) {
             } else if (m_db.exec(
                            QStringLiteral("update The set TheCode=?, AssortID=?, theDesc=? where TheID=?"),
                            {code, keyOrNull(in.assortID), in.theDesc, id}) == 0) {
-                return {{}, refused(RoomText::roomGone())};
+                return {{}, Refusal::warning(RoomText::roomGone())};
             }
             WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("营业设置"), QStringLiteral("设置包厢"),
                      2, true, QStringLiteral("编辑包厢数据，包厢号：") + code, m_db);
@@ -140,36 +131,40 @@ Saved RoomService::saveRoom(const RoomInput& in) {
             return {id, {}};
         } catch (const DbError& e) {
             if (!m_db.dialect().isUniqueViolation(e))
-                return {{}, failed(e, QStringLiteral("SaveData"), QStringLiteral("frmHouse"))};
+                return {{},
+                        Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouse")))};
             // The same code saved on another workstation meanwhile, or a key collision.
             if (attempt >= 3 || !in.theID.isEmpty())
-                return {{}, refused(RoomText::duplicateCode(), fHouseCode)};
+                return {{}, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
             try {
-                if (codeTaken(code, in.theID)) return {{}, refused(RoomText::duplicateCode(), fHouseCode)};
+                if (codeTaken(code, in.theID))
+                    return {{}, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
             } catch (const DbError& again) {
-                return {{}, failed(again, QStringLiteral("SaveData"), QStringLiteral("frmHouse"))};
+                return {
+                    {},
+                    Refusal::error(again.message(QStringLiteral("SaveData"), QStringLiteral("frmHouse")))};
             }
         }
     }
 }
 
 BatchAdded RoomService::addRooms(const RoomBatchInput& in) {
-    if (in.startCode.trimmed().isEmpty()) return {0, asked(QStringLiteral("请输入手牌编号！"), fHouseCode)};
-    if (!IsNumeric(in.startCode)) return {0, asked(QStringLiteral("手牌编号只能输入数字！"), fHouseCode)};
-    if (!IsNumeric(in.endCode)) return {0, asked(QStringLiteral("手牌的结束编号只能输入数字！"), fEndCode)};
+    if (in.startCode.trimmed().isEmpty()) return {0, Refusal(QStringLiteral("请输入手牌编号！"), fHouseCode)};
+    if (!IsNumeric(in.startCode)) return {0, Refusal(QStringLiteral("手牌编号只能输入数字！"), fHouseCode)};
+    if (!IsNumeric(in.endCode)) return {0, Refusal(QStringLiteral("手牌的结束编号只能输入数字！"), fEndCode)};
     const double start = Val(in.startCode), end = Val(in.endCode);
-    if (!(end > start)) return {0, asked(QStringLiteral("手牌的结束编号应大于开始编号！"), fEndCode)};
+    if (!(end > start)) return {0, Refusal(QStringLiteral("手牌的结束编号应大于开始编号！"), fEndCode)};
     if (end - start >= double(MaxBatch))
-        return {0,
-                asked(QStringLiteral("一次最多只能增加%1个包厢，请缩小编号范围！").arg(MaxBatch), fEndCode)};
-    if (in.assortID.isEmpty()) return {0, asked(QStringLiteral("请选择包厢的类型！"), fAssort)};
+        return {
+            0, Refusal(QStringLiteral("一次最多只能增加%1个包厢，请缩小编号范围！").arg(MaxBatch), fEndCode)};
+    if (in.assortID.isEmpty()) return {0, Refusal(QStringLiteral("请选择包厢的类型！"), fAssort)};
 
     const qint64 count = qint64(std::floor(end - start)) + 1;
     try {
         Transaction t(m_db);
         for (qint64 i = 0; i < count; ++i) {
             const QString code = BatchCode(in.markerText, start + double(i));
-            if (codeTaken(code)) return {0, refused(RoomText::duplicateCode(), fHouseCode)};
+            if (codeTaken(code)) return {0, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
             m_db.exec(
                 QStringLiteral("insert into The (TheID, TheCode, AssortID, theDesc) values (?, ?, ?, ?)"),
                 {FreshKey(QStringLiteral("The"), QStringLiteral("TheID"), m_db), code, keyOrNull(in.assortID),
@@ -178,8 +173,9 @@ BatchAdded RoomService::addRooms(const RoomBatchInput& in) {
         t.commit();
         return {int(count), std::nullopt};
     } catch (const DbError& e) {
-        if (m_db.dialect().isUniqueViolation(e)) return {0, refused(RoomText::duplicateCode(), fHouseCode)};
-        return {0, failed(e, QStringLiteral("SaveData"), QStringLiteral("frmHouseAddBat"))};
+        if (m_db.dialect().isUniqueViolation(e))
+            return {0, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
+        return {0, Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouseAddBat")))};
     }
 }
 
@@ -188,35 +184,35 @@ Refused RoomService::deleteRoom(const QString& theID) {
         Transaction t(m_db);
         if (m_db.scalar(QStringLiteral("select count(*) from Expense where TheID=?"), {theID}).toLongLong() >
             0)
-            return refused(RoomText::inUse());
+            return Refusal::warning(RoomText::inUse());
         // Conditional, so a room opened meanwhile on another workstation stays.
         if (m_db.exec(QStringLiteral("delete from The where TheID=? and State<>1"), {theID}) == 0 &&
             !fThe(m_db).GetByID(theID).isEmpty())
-            return refused(RoomText::inUse());
+            return Refusal::warning(RoomText::inUse());
         t.commit();
         return std::nullopt;
     } catch (const DbError&) {
-        return refused(RoomText::inUse());
+        return Refusal::warning(RoomText::inUse());
     }
 }
 
 // ---- out of service and back
 
 Refused RoomService::missingOrChanged(const QString& theID) const {
-    return fThe(m_db).GetByID(theID).isEmpty() ? refused(RoomText::roomGone())
-                                               : refused(RoomText::stateChanged());
+    return fThe(m_db).GetByID(theID).isEmpty() ? Refusal::warning(RoomText::roomGone())
+                                               : Refusal::warning(RoomText::stateChanged());
 }
 
 Refused RoomService::HouseStop(const QString& theID) {
     try {
         Transaction t(m_db);
         const Rows r = fThe(m_db).GetByID(theID);
-        if (r.isEmpty()) return refused(RoomText::roomGone());
+        if (r.isEmpty()) return Refusal::warning(RoomText::roomGone());
         const qint64 state = r.first().integer(QStringLiteral("State"));
         const QString other1 = r.first().text(QStringLiteral("Other1"));
         // Free is what the board shows as free: a lock that has run out included.
         if (RoomStatus(state, other1, Now()).key != QLatin1String("Common"))
-            return refused(RoomText::stateChanged());
+            return Refusal::warning(RoomText::stateChanged());
         // Only if nobody changed the row since it was read.
         if (m_db.exec(
                 QStringLiteral("update The set State=2 where TheID=? and State=? and coalesce(Other1,'')=?"),
@@ -225,7 +221,7 @@ Refused RoomService::HouseStop(const QString& theID) {
         t.commit();
         return std::nullopt;
     } catch (const DbError& e) {
-        return failed(e, QStringLiteral("HouseStop"), QStringLiteral("frmMain"));
+        return Refusal::error(e.message(QStringLiteral("HouseStop"), QStringLiteral("frmMain")));
     }
 }
 
@@ -238,6 +234,6 @@ Refused RoomService::HouseResume(const QString& theID) {
         t.commit();
         return std::nullopt;
     } catch (const DbError& e) {
-        return failed(e, QStringLiteral("HouseResume"), QStringLiteral("frmMain"));
+        return Refusal::error(e.message(QStringLiteral("HouseResume"), QStringLiteral("frmMain")));
     }
 }

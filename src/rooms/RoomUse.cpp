@@ -11,19 +11,10 @@
 #include "fThe.h"
 
 namespace {
-Refusal asked(const QString& message, const QString& field) {
-    return {message, field, Msg::Icon::Information};
-}
-Refusal refused(const QString& message, const QString& field = {}) {
-    return {message, field, Msg::Icon::Exclamation};
-}
 Refusal mergeRefused(const QString& message, const QString& field) {
     return {message, field, Msg::Icon::Exclamation, RoomUseText::mergeCaption()};
 }
 
-// An open may meet a key another workstation made in the same second, or lose the room to
-// an open made there at the same moment. The first is tried again, the second refused.
-constexpr int OpenAttempts = 5;
 } // namespace
 
 std::optional<OpenHouseView> RoomUseService::loadOpen(const QString& theID) const {
@@ -37,9 +28,9 @@ std::optional<OpenHouseView> RoomUseService::loadOpen(const QString& theID) cons
 
 Opened RoomUseService::open(const OpenHouseInput& in) {
     if (!IsNumeric(in.customerNum))
-        return {{}, asked(QStringLiteral("请输入顾客人数！"), QStringLiteral("txtNum"))};
+        return {{}, Refusal(QStringLiteral("请输入顾客人数！"), QStringLiteral("txtNum"))};
     if (!IsNumeric(in.startMoney))
-        return {{}, asked(QStringLiteral("请输入门票金额！"), QStringLiteral("txtStartMoney"))};
+        return {{}, Refusal(QStringLiteral("请输入门票金额！"), QStringLiteral("txtStartMoney"))};
 
     // The stay starts on the whole minute.
     const QDateTime now = Now();
@@ -49,13 +40,14 @@ Opened RoomUseService::open(const OpenHouseInput& in) {
             Transaction t(m_db);
             const Rows room = fThe(m_db).GetLinkByID(in.theID);
             if (room.isEmpty())
-                return {{}, refused(QStringLiteral("没有找到这包厢，请检查这个包厢是否被别人删除了！"))};
+                return {{},
+                        Refusal::warning(QStringLiteral("没有找到这包厢，请检查这个包厢是否被别人删除了！"))};
             const Row r = room.first();
             const qint64 state = r.integer(QStringLiteral("State"));
             const QString other1 = r.text(QStringLiteral("Other1"));
             const QString status = RoomStatus(state, other1, now).key;
             if (status != QLatin1String("Common") && status != QLatin1String("Reservation"))
-                return {{}, refused(RoomText::stateChanged())};
+                return {{}, Refusal::warning(RoomText::stateChanged())};
 
             const QString id = FreshKey(QStringLiteral("Expense"), QStringLiteral("ExpenseID"), m_db);
             m_db.exec(
@@ -71,14 +63,12 @@ Opened RoomUseService::open(const OpenHouseInput& in) {
             if (m_db.exec(QStringLiteral("update The set State=1, ExpenseID=? where TheID=? and State=? and "
                                          "coalesce(Other1,'')=?"),
                           {id, in.theID, state, other1}) == 0)
-                return {{}, refused(RoomText::stateChanged())};
+                return {{}, Refusal::warning(RoomText::stateChanged())};
             t.commit();
             return {id, std::nullopt};
         } catch (const DbError& e) {
-            if (attempt < OpenAttempts &&
-                (m_db.dialect().isUniqueViolation(e) || m_db.dialect().isRetryable(e)))
-                continue;
-            if (m_db.dialect().isUniqueViolation(e)) return {{}, refused(RoomText::stateChanged())};
+            if (m_db.mayRetry(e, attempt)) continue;
+            if (m_db.dialect().isUniqueViolation(e)) return {{}, Refusal::warning(RoomText::stateChanged())};
             return {{},
                     Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmOpenHouse")),
                             {},
@@ -99,17 +89,17 @@ Refused RoomUseService::change(const HouseChangeInput& in) {
     const QString field = QStringLiteral("txtNewHouseCode");
     const QString code = in.newHouseCode.trimmed();
     try {
-        if (code.isEmpty()) return asked(QStringLiteral("请输入更换的房间编号！"), field);
+        if (code.isEmpty()) return Refusal(QStringLiteral("请输入更换的房间编号！"), field);
         const Rows target = fThe(m_db).GetLinkByHouseCode(code);
-        if (target.isEmpty()) return asked(QStringLiteral("对不起，您要更换的包厢不存在！"), field);
+        if (target.isEmpty()) return Refusal(QStringLiteral("对不起，您要更换的包厢不存在！"), field);
         // The stored state decides: a lock that has run out on the board still counts.
         if (target.first().integer(QStringLiteral("State")) != 0)
-            return asked(RoomUseText::newRoomTaken(), field);
+            return Refusal(RoomUseText::newRoomTaken(), field);
 
         Transaction t(m_db);
         if (m_db.exec(QStringLiteral("update The set State=1, ExpenseID=? where TheCode=? and State=0"),
                       {in.expenseID, code}) == 0)
-            return asked(RoomUseText::newRoomTaken(), field);
+            return Refusal(RoomUseText::newRoomTaken(), field);
         const Row to = fThe(m_db).GetLinkByHouseCode(code).first();
         // The old room is freed only while it still holds this bill; it gets no lock.
         m_db.exec(QStringLiteral(
@@ -118,7 +108,7 @@ Refused RoomUseService::change(const HouseChangeInput& in) {
 
         const Rows bill = m_db.query(
             QStringLiteral("select Description from Expense where ExpenseID=? and State=1"), {in.expenseID});
-        if (bill.isEmpty()) return refused(RoomUseText::billClosed());
+        if (bill.isEmpty()) return Refusal::warning(RoomUseText::billClosed());
         const QString oldDesc = bill.first().text(QStringLiteral("Description"));
         const QString desc =
             in.description.trimmed().isEmpty() ? oldDesc : oldDesc + QStringLiteral("\r\n") + in.description;
@@ -134,8 +124,7 @@ Refused RoomUseService::change(const HouseChangeInput& in) {
         t.commit();
         return std::nullopt;
     } catch (const DbError& e) {
-        return Refusal{
-            e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouseChange")), {}, Msg::Icon::Critical};
+        return Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouseChange")));
     }
 }
 
@@ -167,9 +156,7 @@ Refused RoomUseService::merge(const QString& fromCode, const QString& intoCode) 
         t.commit();
         return std::nullopt;
     } catch (const DbError& e) {
-        return Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmExpenseAmalgamate")),
-                       {},
-                       Msg::Icon::Critical};
+        return Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmExpenseAmalgamate")));
     }
 }
 

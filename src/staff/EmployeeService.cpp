@@ -48,8 +48,7 @@ EmployeeSaved EmployeeService::save(const QString& id, const EmployeeInput& in, 
     if (photo.kind == PhotoChange::File) {
         QFile f(photo.path);
         if (!f.open(QIODevice::ReadOnly))
-            return {{},
-                    Refusal{QStringLiteral("无法读取照片文件：") + photo.path, {}, Msg::Icon::Exclamation}};
+            return {{}, Refusal::warning(QStringLiteral("无法读取照片文件：") + photo.path)};
         picture = f.readAll();
     }
     try {
@@ -86,7 +85,7 @@ EmployeeSaved EmployeeService::save(const QString& id, const EmployeeInput& in, 
 
 Refused EmployeeService::remove(const QString& id) {
     if (DeleteByField(QStringLiteral("Employee"), QStringLiteral("EmployeeID"), id, m_db) == 0)
-        return Refusal{QStringLiteral("不能删除此数据，因为它已经使用！"), {}, Msg::Icon::Exclamation};
+        return Refusal::warning(QStringLiteral("不能删除此数据，因为它已经使用！"));
     return std::nullopt;
 }
 

@@ -340,3 +340,8 @@ void Transaction::commit() {
     m_done = true;
     m_db.commit();
 }
+
+bool Db::mayRetry(const DbError& e, int attempt) const {
+    constexpr int Attempts = 5;
+    return attempt < Attempts && (m_dialect->isUniqueViolation(e) || m_dialect->isRetryable(e));
+}

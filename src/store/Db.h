@@ -150,6 +150,9 @@ public:
     // Runs `work` inside one write transaction, again on a serialization failure or
     // a deadlock (PostgreSQL) or a busy database (SQLite), a few times at most.
     template <class F> auto write(F&& work) -> decltype(work());
+    // Whether a write that failed on its `attempt`-th try should run again: a key another
+    // workstation made in the same second, or a serialization failure, up to five tries.
+    bool mayRetry(const DbError& e, int attempt) const;
 
     // The process's one connection.
     static Db& main();

@@ -10,6 +10,12 @@ struct Refusal {
     Refusal(QString message, QString field = {}, Msg::Icon icon = Msg::Icon::Information, QString title = {})
         : message(std::move(message)), field(std::move(field)), icon(icon), title(std::move(title)) {}
 
+    // A refusal that warns (exclamation icon), and an error that stopped the work.
+    static Refusal warning(QString message, QString field = {}) {
+        return Refusal(std::move(message), std::move(field), Msg::Icon::Exclamation);
+    }
+    static Refusal error(QString message) { return Refusal(std::move(message), {}, Msg::Icon::Critical); }
+
     QString message;
     QString field;
     Msg::Icon icon = Msg::Icon::Information;
