@@ -5,6 +5,8 @@
 #include "RefusalShow.h"
 #include "RoomBoard.h"
 #include "RoomService.h"
+#include "fThe.h"
+#include "frmCloseHouse.h"
 #include "frmExpenseAmalgamate.h"
 #include "frmExpenseDetail.h"
 #include "frmHouseChange.h"
@@ -70,6 +72,9 @@ void frmMain::wireBoard() {
     wire(QStringLiteral("mnuHouseResume"), [this] { HouseResume(); });
     wire(QStringLiteral("mnuHouseChange"), [this] { ChangeRoom(); });
     wire(QStringLiteral("mnuExpenseAmalgamate"), [this] { MergeBills(); });
+    wire(QStringLiteral("mnuOpEnd"), [this] { CloseRoom(); });
+    wire(QStringLiteral("tbrCLOSEHOUSE"), [this] { runCommand(QStringLiteral("mnuOpEnd")); });
+    wire(QStringLiteral("mnuPayAfter"), [this] { PayAfter(); });
     // The running bill of the room on paper, the room's last bill again, the print queue.
     wire(QStringLiteral("mnuPrintExpense"), [this] { PrintExpenseListFor(this, m_board->selectedTag()); });
     wire(QStringLiteral("mnuReprintExpense"), [this] { ReprintRoomBill(this, m_board->selectedTheID()); });
@@ -142,4 +147,33 @@ void frmMain::ChangeRoom() {
 void frmMain::MergeBills() {
     frmExpenseAmalgamate dlg(this);
     if (dlg.Add()) m_board->LoadRoomList();
+}
+
+void frmMain::CloseRoom() {
+    const QString tag = m_board->selectedTag();
+    if (tag.isEmpty() || m_board->selectedStatus() != QLatin1String("Use")) return;
+    frmCloseHouse dlg(this);
+    const bool saved = dlg.Edit(tag);
+    const QString theID = m_board->selectedTheID();
+    if (!saved || dlg.closedTheID() != theID) {
+        m_board->LoadRoomList();
+        return;
+    }
+    // The room is free now, or locked for the venue's minutes.
+    Rows room;
+    try {
+        room = fThe().GetByID(theID);
+    } catch (const DbError&) {
+        m_board->LoadRoomList();
+        return;
+    }
+    if (!room.isEmpty() && room.first().integer(QStringLiteral("State")) == 4)
+        m_board->setSelectedState(QStringLiteral("Lock"), QStringLiteral("锁定"), QString());
+    else
+        m_board->setSelectedState(QStringLiteral("Common"), QStringLiteral("空闲"), QString());
+}
+
+void frmMain::PayAfter() {
+    frmCloseHouse dlg(this);
+    if (dlg.DoPayAfter()) m_board->LoadRoomList();
 }

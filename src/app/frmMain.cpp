@@ -75,7 +75,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     });
     wire(QStringLiteral("mnuOtherToolsCalc"), [] {
         if (!Desktop::startCalculator())
-            Msg::warn(nullptr, QStringLiteral("请检查您的Windows系统是否安装了计算器，如果没有安装，请在系统“控制面板”的“添加/删除程序”中进行安装。"));
+            Msg::warn(nullptr, Desktop::calculatorMissingText());
     });
     wire(QStringLiteral("mnuOtherToolsNotepad"), [] {
         if (!Desktop::startTextEditor()) Msg::warn(nullptr, QStringLiteral("没有找到可用的文本编辑器程序！"));

@@ -56,6 +56,8 @@ private:
     void HouseResume();
     void ChangeRoom();
     void MergeBills();
+    void CloseRoom();
+    void PayAfter();
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
 

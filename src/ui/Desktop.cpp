@@ -20,6 +20,10 @@ bool startFirst(const QStringList& programs, const QStringList& args) {
 } // namespace
 
 namespace Desktop {
+QString calculatorMissingText() {
+    return QStringLiteral("请检查您的Windows系统是否安装了计算器，如果没有安装，请在系统“控制面板”的“添加/删除程序”中进行安装。");
+}
+
 bool startCalculator() {
     if (launcher()) return launcher()(Program::Calculator, {});
 #ifdef Q_OS_WIN

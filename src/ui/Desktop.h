@@ -8,6 +8,8 @@ class QWidget;
 namespace Desktop {
 // Starts a calculator; false when none could be started.
 bool startCalculator();
+// What the calculator keys say when none could be started.
+QString calculatorMissingText();
 // Starts a text editor, on `file` when given; false when none could be started.
 bool startTextEditor(const QString& file = {});
 // Opens a file with the desktop's default program for it; false when that failed.

@@ -1,0 +1,136 @@
+#include "CheckoutService.h"
+#include "AppState.h"
+#include "Clock.h"
+#include "Format.h"
+#include "MemberService.h"
+#include "fExpense.h"
+
+std::optional<CheckoutBill> CheckoutService::load(const QString& expenseID, const QDateTime& closeTime,
+                                                  bool deferred) const {
+    const fExpense bills(m_db);
+    const Rows rows = bills.GetLinkByID(expenseID);
+    if (rows.isEmpty()) return std::nullopt;
+    const Row r = rows.first();
+    CheckoutBill b;
+    b.expenseID = r.text(QStringLiteral("ExpenseID"));
+    b.theID = r.text(QStringLiteral("TheID"));
+    b.theCode = r.text(QStringLiteral("TheCode"));
+    b.assortName = r.text(QStringLiteral("AssortName"));
+    b.payLevelName = r.text(QStringLiteral("PayLevelName"));
+    b.markerCode = r.text(QStringLiteral("markerCode"));
+    b.description = r.text(QStringLiteral("Description"));
+    b.jzr = r.text(QStringLiteral("jzr"));
+    b.customerCode = r.text(QStringLiteral("CustomerCode"));
+    b.customerNum = r.integer(QStringLiteral("CustomerNum"));
+    b.openTime = ParseTime(r.date(QStringLiteral("OpenTime")));
+    b.closeTime = ParseTime(r.date(QStringLiteral("CloseTime")));
+    b.state = r.integer(QStringLiteral("State"));
+    b.voucherState = r.integer(QStringLiteral("VoucherState"));
+    bills.GetByIDCurrency(expenseID, closeTime, b.goods, b.room);
+    // A deferred bill keeps the room charge fixed when it was deferred.
+    if (deferred) b.room = r.money(QStringLiteral("theMoney"));
+    b.cost = Money::fromText(bills.GetProcurePriceByID(expenseID));
+    return b;
+}
+
+Money CheckoutService::excludedGoods(const QString& expenseID) const {
+    return m_db
+        .query(QStringLiteral("SELECT sum(ExpenseDetail.OughtMoney) as OughtMoney From ((ExpenseDetail left join "
+                              "Ware on ExpenseDetail.wareID=Ware.wareID) left join wareType on "
+                              "Ware.wareTypeID=waretype.waretypeID) where ExpenseDetail.isDel<>1 and "
+                              "waretype.IsNoMember=1 and ExpenseDetail.ExpenseID=?"),
+               {expenseID})
+        .first()
+        .money(QStringLiteral("OughtMoney"));
+}
+
+std::optional<CheckoutMember> CheckoutService::member(const QString& code) const {
+    const std::optional<MemberCard> c = MemberService(m_db).card(code);
+    if (!c) return std::nullopt;
+    return CheckoutMember{c->code, c->name, c->state, c->setupID, c->setupName, float(c->discount), c->chongzhi};
+}
+
+bool CheckoutService::CheckMemberPassword(const QString& code, const QString& typed) const {
+    return MemberService(m_db).CheckMemberPassword(code, typed);
+}
+
+Rows CheckoutService::deferredBills(const QString& jzr) const {
+    const QString text = jzr.trimmed();
+    if (text.isEmpty())
+        return m_db.query(
+            QStringLiteral("SELECT Expense.* from Expense Where VoucherState=2 Order by Expense.OpenTime"));
+    return m_db.query(QStringLiteral("SELECT Expense.* from Expense Where jzr like ? And VoucherState=2 "
+                                     "Order by Expense.OpenTime"),
+                      {QLatin1Char('%') + text + QLatin1Char('%')});
+}
+
+CheckoutDone CheckoutService::close(const CheckoutInput& in) {
+    const CheckoutAmounts& a = in.amounts;
+    Params values{TimeText(in.closeTime),
+                  in.customerCode,
+                  App().CurrentOperatorName,
+                  in.jzr.trimmed(),
+                  in.closeDesc.trimmed(),
+                  in.theMoney,
+                  a.expenseMoney,
+                  a.expenseMoney,
+                  a.noMoney,
+                  a.freePay,
+                  a.factPay,
+                  a.cashPay,
+                  a.income,
+                  a.voucherState};
+    QString sql = QStringLiteral("update Expense set CloseTime=?, CustomerCode=?, CloseOperator=?, jzr=?, State=0, "
+                                 "CloseDesc=?, theMoney=?, ExpenseMoney=?, oughtMoney=?, NoMoney=?, freepay=?, "
+                                 "factpay=?, CashPay=?, Income=?, VoucherState=?");
+    // Without stored value the bill's card fields keep what they had.
+    if (!a.chongzhiPay.isZero()) {
+        sql += QStringLiteral(", chongzhipay=?, chongzhiIDCare=?");
+        values << a.chongzhiPay << in.customerCode;
+    }
+    // Only while the bill is still what the cashier loaded.
+    sql += in.deferredBill ? QStringLiteral(" where ExpenseID=? and State=0 and VoucherState=2")
+                           : QStringLiteral(" where ExpenseID=? and State=1");
+    values << in.expenseID;
+
+    CheckoutDone done;
+    for (int attempt = 1;; ++attempt) {
+        try {
+            Transaction t(m_db);
+            if (m_db.exec(sql, values) == 0) {
+                done.billChanged = true;
+                done.refusal = Refusal::warning(CheckoutText::billChanged());
+                return done;
+            }
+            const QString theID =
+                m_db.scalar(QStringLiteral("select TheID from Expense where ExpenseID=?"), {in.expenseID}).toString();
+            if (m_db.query(QStringLiteral("select TheID from The where TheID=?"), {theID}).isEmpty()) {
+                done.roomMissing = true;
+                done.refusal = Refusal::warning(CheckoutText::roomGone());
+                return done;
+            }
+            const int lockTime = App().LockTime;
+            const int state = lockTime > 0 ? 4 : 0;
+            const QString lockEnd = lockTime > 0 ? TimeText(Now().addSecs(qint64(lockTime) * 60)) : QString();
+            // A room opened meanwhile for new guests is not this bill's any more.
+            const bool roomFreed =
+                m_db.exec(QStringLiteral("update The set State=?, Other1=?, ExpenseID='' where TheID=? and "
+                                         "ExpenseID=?"),
+                          {state, lockEnd, theID, in.expenseID}) > 0;
+            if (!in.memberCode.isEmpty() &&
+                !MemberService(m_db).settle(in.memberCode, a.sumPay, a.chongzhiPay)) {
+                done.refusal = Refusal::warning(CheckoutText::notSaved());
+                return done;
+            }
+            t.commit();
+            done.saved = true;
+            done.theID = theID;
+            done.roomState = roomFreed ? state : -1;
+            return done;
+        } catch (const DbError& e) {
+            if (m_db.mayRetry(e, attempt)) continue;
+            done.refusal = Refusal::warning(CheckoutText::notSaved());
+            return done;
+        }
+    }
+}
