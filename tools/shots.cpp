@@ -42,6 +42,7 @@
 // The slips and the printing windows (print_shots.cpp).
 void PrintShots(const QString& out, const QString& runningBill);
 void MemberShots(const QString& out);
+void CheckoutShots(const QString& out);
 
 namespace {
 QString g_out;
@@ -194,6 +195,7 @@ int main(int argc, char** argv) {
     periods.findChild<QLineEdit*>(QStringLiteral("txtDiscount2"))->setText(QStringLiteral("0.8"));
     save(&periods, QStringLiteral("frmWareLevel"));
     MemberShots(g_out);
+    CheckoutShots(g_out);
     frmEmployeeList staff;
     staff.prepare(false);
     staff.resize(900, 420);

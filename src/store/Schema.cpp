@@ -16,6 +16,7 @@ const QList<Step>& steps() {
         {1, {QStringLiteral(":/sql/001_schema.sql"), QStringLiteral(":/sql/001_seed.sql")}},
         {2, {QStringLiteral(":/sql/002_list_columns.sql")}},
         {3, {QStringLiteral(":/sql/003_print_queue.sql")}},
+        {4, {QStringLiteral(":/sql/004_card_payments.sql")}},
     };
     return s;
 }

@@ -94,7 +94,7 @@ void TestBoard::commands_follow_the_status_data() {
     QTest::newRow("free") << 0 << "" << QStringLiteral("mnuOpOpen tbrOPENHOUSE mnuHouseStop");
     QTest::newRow("lock run out is free")
         << 4 << "2026-11-21 19:00" << QStringLiteral("mnuOpOpen tbrOPENHOUSE mnuHouseStop");
-    QTest::newRow("in use") << 1 << "" << QStringLiteral("mnuOpExpense mnuPrintExpense mnuHouseChange");
+    QTest::newRow("in use") << 1 << "" << QStringLiteral("mnuOpExpense mnuOpEnd mnuPrintExpense mnuHouseChange");
     QTest::newRow("reserved") << 3 << "" << open;
     QTest::newRow("stopped") << 2 << "" << QStringLiteral("mnuHouseResume");
     QTest::newRow("locked") << 4 << "2026-11-21 21:00" << QStringLiteral("mnuHouseResume");
@@ -259,10 +259,16 @@ void TestBoard::finder_keys() {
     QCOMPARE(roomState(QStringLiteral("r2")), 1);
     QCOMPARE(b->selectedStatus(), QStringLiteral("Use"));
 
-    // "j" on a room in use does nothing while checkout is not available, and is not typed.
+    // "j" on a room in use goes to its checkout, and is not typed.
     find->setText(QStringLiteral("A02"));
+    bool checkout = false;
+    onModal(QStringLiteral("frmCloseHouse"), [&](QDialog* d) {
+        checkout = true;
+        QCOMPARE(find->text(), QString());
+        child<QPushButton>(d, "CancelButton")->click();
+    });
     QTest::keyClick(find, Qt::Key_J);
-    QCOMPARE(find->text(), QString());
+    QVERIFY(checkout);
     QCOMPARE(roomState(QStringLiteral("r2")), 1);
 }
 
