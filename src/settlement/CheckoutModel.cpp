@@ -1,7 +1,6 @@
 #include "CheckoutModel.h"
 #include "Format.h"
 #include "Val.h"
-#include <cmath>
 
 namespace {
 const QString Zero = QStringLiteral("0");
@@ -33,8 +32,7 @@ Money MemberOught(Money total, Money excluded, float discount) {
 
 QString PlainNumberText(double value) {
     if (value == 0) return Zero; // no "-0"
-    QString s = QString::number(value, 'g', 15);
-    return s;
+    return QString::number(value, 'g', 15);
 }
 
 void CheckoutModel::showAmounts(Money goods, Money room) {
@@ -90,7 +88,8 @@ void CheckoutModel::setPayBox(QString& box, const QString& text) {
 }
 
 void CheckoutModel::recomputeTemp() {
-    temp = FormatNumber(Val(chongzhiD) + Val(factPay) + Val(freePay) - Val(oughtMoney), QStringLiteral("0.00"));
+    temp =
+        FormatNumber(Val(chongzhiD) + Val(factPay) + Val(freePay) - Val(oughtMoney), QStringLiteral("0.00"));
     tempRed = Val(temp) < 0;
 }
 
@@ -144,7 +143,8 @@ Refused CheckoutModel::check(CloseMode mode, const QString& jzr, const std::func
         setPayBox(freePay, Zero);
     } else {
         if (!IsNumeric(factPay))
-            return Refusal(QStringLiteral("您输入的顾客支付金额有误，请重新输入！"), QStringLiteral("txtFactPay"));
+            return Refusal(QStringLiteral("您输入的顾客支付金额有误，请重新输入！"),
+                           QStringLiteral("txtFactPay"));
         // A member recognised on the window is always confirmed by password.
         if (!memberName.isEmpty() && !passwordOk())
             return Refusal(QStringLiteral("您输入的会员密码不对，请重新输入！"), QStringLiteral("txtpw"),

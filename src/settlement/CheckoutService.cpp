@@ -35,10 +35,11 @@ std::optional<CheckoutBill> CheckoutService::load(const QString& expenseID, cons
 
 Money CheckoutService::excludedGoods(const QString& expenseID) const {
     return m_db
-        .query(QStringLiteral("SELECT sum(ExpenseDetail.OughtMoney) as OughtMoney From ((ExpenseDetail left join "
-                              "Ware on ExpenseDetail.wareID=Ware.wareID) left join wareType on "
-                              "Ware.wareTypeID=waretype.waretypeID) where ExpenseDetail.isDel<>1 and "
-                              "waretype.IsNoMember=1 and ExpenseDetail.ExpenseID=?"),
+        .query(QStringLiteral(
+                   "SELECT sum(ExpenseDetail.OughtMoney) as OughtMoney From ((ExpenseDetail left join "
+                   "Ware on ExpenseDetail.wareID=Ware.wareID) left join wareType on "
+                   "Ware.wareTypeID=waretype.waretypeID) where ExpenseDetail.isDel<>1 and "
+                   "waretype.IsNoMember=1 and ExpenseDetail.ExpenseID=?"),
                {expenseID})
         .first()
         .money(QStringLiteral("OughtMoney"));
@@ -47,7 +48,8 @@ Money CheckoutService::excludedGoods(const QString& expenseID) const {
 std::optional<CheckoutMember> CheckoutService::member(const QString& code) const {
     const std::optional<MemberCard> c = MemberService(m_db).card(code);
     if (!c) return std::nullopt;
-    return CheckoutMember{c->code, c->name, c->state, c->setupID, c->setupName, float(c->discount), c->chongzhi};
+    return CheckoutMember{c->code,    c->name, c->state, c->setupID, c->setupName, float(c->discount),
+                          c->chongzhi};
 }
 
 bool CheckoutService::CheckMemberPassword(const QString& code, const QString& typed) const {
@@ -80,9 +82,10 @@ CheckoutDone CheckoutService::close(const CheckoutInput& in) {
                   a.cashPay,
                   a.income,
                   a.voucherState};
-    QString sql = QStringLiteral("update Expense set CloseTime=?, CustomerCode=?, CloseOperator=?, jzr=?, State=0, "
-                                 "CloseDesc=?, theMoney=?, ExpenseMoney=?, oughtMoney=?, NoMoney=?, freepay=?, "
-                                 "factpay=?, CashPay=?, Income=?, VoucherState=?");
+    QString sql =
+        QStringLiteral("update Expense set CloseTime=?, CustomerCode=?, CloseOperator=?, jzr=?, State=0, "
+                       "CloseDesc=?, theMoney=?, ExpenseMoney=?, oughtMoney=?, NoMoney=?, freepay=?, "
+                       "factpay=?, CashPay=?, Income=?, VoucherState=?");
     // Without stored value the bill's card fields keep what they had.
     if (!a.chongzhiPay.isZero()) {
         sql += QStringLiteral(", chongzhipay=?, chongzhiIDCare=?");
@@ -103,7 +106,8 @@ CheckoutDone CheckoutService::close(const CheckoutInput& in) {
                 return done;
             }
             const QString theID =
-                m_db.scalar(QStringLiteral("select TheID from Expense where ExpenseID=?"), {in.expenseID}).toString();
+                m_db.scalar(QStringLiteral("select TheID from Expense where ExpenseID=?"), {in.expenseID})
+                    .toString();
             if (m_db.query(QStringLiteral("select TheID from The where TheID=?"), {theID}).isEmpty()) {
                 done.roomMissing = true;
                 done.refusal = Refusal::warning(CheckoutText::roomGone());

@@ -50,7 +50,8 @@ class CheckoutService {
 
     // The bill priced as if it closed at `closeTime`; a deferred bill keeps its stored room
     // charge. Nothing when the bill is gone.
-    std::optional<CheckoutBill> load(const QString& expenseID, const QDateTime& closeTime, bool deferred) const;
+    std::optional<CheckoutBill> load(const QString& expenseID, const QDateTime& closeTime,
+                                     bool deferred) const;
     // The bill's live goods of types that take no member discount.
     Money excludedGoods(const QString& expenseID) const;
     std::optional<CheckoutMember> member(const QString& code) const;

@@ -52,7 +52,7 @@ bool leftWithinWindow(QEvent* event) {
 
 frmCloseHouse::frmCloseHouse(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmCloseHouse>()) {
     ui->setupUi(this);
-    resize(1000, 640);
+    resize(1100, 640);
     SetupExpenseDetailList(ui->lvwDetail);
     EnterMovesOn::install(this, {ui->txtpw, ui->txtjzrInfo});
     for (QWidget* w : {static_cast<QWidget*>(ui->txtCustomerCode), static_cast<QWidget*>(ui->txtpw),
@@ -62,9 +62,10 @@ frmCloseHouse::frmCloseHouse(QWidget* parent) : QDialog(parent), ui(std::make_un
                        static_cast<QWidget*>(ui->chkPrint)})
         w->installEventFilter(this);
     QFont big = ui->txtTemp->font();
-    big.setPointSizeF(big.pointSizeF() * 1.4);
+    big.setPointSizeF(big.pointSizeF() * 1.25);
     big.setBold(true);
-    for (QLineEdit* box : {ui->txtExpenseMoney, ui->txtOughtMoney, ui->txtFactPay, ui->txtTemp}) box->setFont(big);
+    for (QLineEdit* box : {ui->txtOughtMoney, ui->txtFactPay, ui->txtTemp})
+        box->setFont(big);
 
     connect(ui->txtOughtMoney, &QLineEdit::textEdited, this, [this](const QString& t) {
         m_model.setOughtMoney(t);
@@ -156,7 +157,8 @@ void frmCloseHouse::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     // The venue decides where the cashier starts: the cash or the member number.
     QTimer::singleShot(0, this, [this] {
-        QLineEdit* first = Val(GetSetup(QStringLiteral("HClose"))) == 1 ? ui->txtFactPay : ui->txtCustomerCode;
+        QLineEdit* first =
+            Val(GetSetup(QStringLiteral("HClose"))) == 1 ? ui->txtFactPay : ui->txtCustomerCode;
         first->setFocus(Qt::OtherFocusReason);
     });
 }
@@ -288,7 +290,9 @@ void frmCloseHouse::cmdSelect_Click() {
 bool frmCloseHouse::CheckForm() {
     const Refused r = m_model.check(
         m_closeMode, ui->txtjzr->text(),
-        [this] { return CheckoutService().CheckMemberPassword(ui->txtCustomerCode->text(), ui->txtpw->text()); },
+        [this] {
+            return CheckoutService().CheckMemberPassword(ui->txtCustomerCode->text(), ui->txtpw->text());
+        },
         ui->dtpCloseTime->dateTime(), m_closeTag, App().CurrentCloseTimeLimit);
     showBoxes();
     if (!r) return true;
@@ -331,7 +335,8 @@ void frmCloseHouse::SaveData() {
         b->setEnabled(false);
     }
     const CheckoutDone done = CheckoutService().close(in);
-    for (int i = 0; i < buttons.size(); ++i) buttons[i]->setEnabled(wasOn[i]);
+    for (int i = 0; i < buttons.size(); ++i)
+        buttons[i]->setEnabled(wasOn[i]);
 
     if (!done.saved) {
         ShowRefusal(this, *done.refusal);
@@ -344,7 +349,8 @@ void frmCloseHouse::SaveData() {
     m_closedTheID = done.theID;
     if (ui->chkPrint->isChecked()) {
         const QString id = m_expenseID;
-        RunPrint(this, QStringLiteral("SaveData"), QLatin1String(FormName), [id] { return PrintBill(id, true); });
+        RunPrint(this, QStringLiteral("SaveData"), QLatin1String(FormName),
+                 [id] { return PrintBill(id, true); });
     }
     accept();
 }
@@ -379,8 +385,8 @@ void frmCloseHouse::clearBill() {
     ui->txtjzr->clear();
     ui->txtCloseDesc->clear();
     for (QLabel* l : {ui->lblID, ui->lblMarkerCode, ui->lblHouse, ui->lblAssortName, ui->lblPayLevelName,
-                      ui->lblCustomerNum, ui->lblDesc, ui->lblOpenTime, ui->lblExpendtime, ui->lblExpenseMoney,
-                      ui->lblHouseMoney})
+                      ui->lblCustomerNum, ui->lblDesc, ui->lblOpenTime, ui->lblExpendtime,
+                      ui->lblExpenseMoney, ui->lblHouseMoney})
         l->clear();
     ui->lvwDetail->clear();
     ui->lvwDetail->setProperty("tag", QVariant());
@@ -433,8 +439,10 @@ bool frmCloseHouse::eventFilter(QObject* watched, QEvent* event) {
         break;
     case QEvent::FocusOut:
         if (!leftWithinWindow(event)) break;
-        if (watched == ui->txtCustomerCode) LoadMember();
-        else if (watched == ui->txtOughtMoney) txtOughtMoney_LostFocus();
+        if (watched == ui->txtCustomerCode)
+            LoadMember();
+        else if (watched == ui->txtOughtMoney)
+            txtOughtMoney_LostFocus();
         break;
     case QEvent::KeyPress: {
         const int key = static_cast<QKeyEvent*>(event)->key();

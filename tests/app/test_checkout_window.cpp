@@ -28,7 +28,8 @@ namespace {
 void addVenue() {
     DB().exec(QStringLiteral("insert into TheAssort (AssortID, AssortName, PayLevelID) values "
                              "('a', '小包', '00000000000000001')"));
-    DB().exec(QStringLiteral("insert into The (TheID, TheCode, AssortID, State) values ('r1', 'A01', 'a', 0)"));
+    DB().exec(
+        QStringLiteral("insert into The (TheID, TheCode, AssortID, State) values ('r1', 'A01', 'a', 0)"));
     DB().exec(QStringLiteral("insert into WareType (WareTypeID, wareTypeName, isNomember) values "
                              "('01', '酒水', 0), ('02', '香烟', 1)"));
     DB().exec(QStringLiteral("insert into Ware (WareID, WareTypeID, WareCode, WareName, Mnemonics, Price, "
@@ -98,7 +99,8 @@ void type(QWidget* box, const QString& text) {
     box->setFocus(Qt::TabFocusReason);
     QApplication::processEvents();
     bool ascii = true;
-    for (QChar c : text) ascii = ascii && c.unicode() < 128;
+    for (QChar c : text)
+        ascii = ascii && c.unicode() < 128;
     if (ascii)
         QTest::keyClicks(box, text);
     else
@@ -246,7 +248,7 @@ void TestCheckoutWindow::deferred_then_settled_from_the_list() {
         QVERIFY(!child<QPushButton>(d, "cmdcal")->isEnabled());
         auto* list = child<QTreeWidget>(d, "lvwPayAfter");
         QCOMPARE(list->topLevelItemCount(), 0); // nothing until a search
-        QTest::keyClick(d, Qt::Key_F4);        // no bill chosen: nothing happens
+        QTest::keyClick(d, Qt::Key_F4);         // no bill chosen: nothing happens
 
         auto* find = child<QLineEdit>(d, "txtjzrInfo");
         type(find, QStringLiteral("赵"));
@@ -270,8 +272,8 @@ void TestCheckoutWindow::deferred_then_settled_from_the_list() {
         QVERIFY(messages().isEmpty());
         type(child<QLineEdit>(d, "txtFactPay"), QStringLiteral("150"));
         QTest::keyClick(d->focusWidget(), Qt::Key_F4);
-        QCOMPARE(messages(), QStringList{QStringLiteral(
-                                 "实收金额加储卡支付金额不能小于结算金额，请检查输入是否正确！")});
+        QCOMPARE(messages(),
+                 QStringList{QStringLiteral("实收金额加储卡支付金额不能小于结算金额，请检查输入是否正确！")});
         type(child<QLineEdit>(d, "txtFactPay"), QStringLiteral("200"));
         QTest::keyClick(d->focusWidget(), Qt::Key_F4);
     });
@@ -318,7 +320,8 @@ void TestCheckoutWindow::free_bill_limits_and_keys() {
         auto* ought = child<QLineEdit>(d, "txtOughtMoney");
         type(ought, QStringLiteral("149"));
         QTest::keyClick(ought, Qt::Key_Tab);
-        QCOMPARE(messages(), QStringList{QStringLiteral("对不起，您优惠的金额超过了您的权限！请重新输入结算金额。")});
+        QCOMPARE(messages(),
+                 QStringList{QStringLiteral("对不起，您优惠的金额超过了您的权限！请重新输入结算金额。")});
         QCOMPARE(focused(d), QStringLiteral("txtOughtMoney"));
         QTest::keyClicks(ought, QStringLiteral("150"));
         QTest::keyClick(ought, Qt::Key_Tab);
@@ -375,7 +378,8 @@ void TestCheckoutWindow::bill_printed_after_the_commit() {
     w.show();
     w.Init();
     const QString pdf = v.home() + QStringLiteral("/pdf");
-    for (const QString& printer : QStringList{QStringLiteral("PDF:") + pdf, QStringLiteral("tcp://127.0.0.1:1")}) {
+    for (const QString& printer :
+         QStringList{QStringLiteral("PDF:") + pdf, QStringLiteral("tcp://127.0.0.1:1")}) {
         SetSetup(QStringLiteral("Printer"), printer);
         const QString id = openAndOrder(w);
         onModal(QStringLiteral("frmCloseHouse"), [&](QDialog* d) {
@@ -389,7 +393,8 @@ void TestCheckoutWindow::bill_printed_after_the_commit() {
         const QStringList said = messages();
         QCOMPARE(said.size(), toPdf ? 0 : 1);
         if (!toPdf) QVERIFY(said.first().contains(QStringLiteral("单据已保存在打印队列中")));
-        QCOMPARE(DB().scalar(QStringLiteral("select State from PrintJob where SourceID=? and Role='Printer'"), {id})
+        QCOMPARE(DB().scalar(QStringLiteral("select State from PrintJob where SourceID=? and Role='Printer'"),
+                             {id})
                      .toInt(),
                  toPdf ? 1 : 2);
     }

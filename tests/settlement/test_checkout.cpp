@@ -38,16 +38,18 @@ void addVenue() {
 // An open bill in the room since 18:00 with its lines (ware, money, cost, voided).
 QString openBill(const QString& id, const QString& theID,
                  const QList<std::tuple<QString, double, double, bool>>& lines) {
-    DB().exec(QStringLiteral("insert into Expense (ExpenseID, TheID, PayLevelID, payLevelType, OpenTime, State, "
-                             "CustomerNum, openOperator) values (?, ?, '00000000000000001', 1, "
-                             "'2026-11-21 18:00', 1, 4, 'admin')"),
-              {id, theID});
+    DB().exec(
+        QStringLiteral("insert into Expense (ExpenseID, TheID, PayLevelID, payLevelType, OpenTime, State, "
+                       "CustomerNum, openOperator) values (?, ?, '00000000000000001', 1, "
+                       "'2026-11-21 18:00', 1, 4, 'admin')"),
+        {id, theID});
     DB().exec(QStringLiteral("update The set State=1, ExpenseID=? where TheID=?"), {id, theID});
     int n = 0;
     for (const auto& [ware, money, cost, voided] : lines)
-        DB().exec(QStringLiteral("insert into ExpenseDetail (DetailID, ExpenseID, WareID, num, Price, oughtMoney, "
-                                 "Income, isdel, ExpenseTime) values (?, ?, ?, 1, ?, ?, ?, ?, '2026-11-21 18:30')"),
-                  {id + QString::number(++n), id, ware, yuan(money), yuan(money), yuan(money - cost), voided});
+        DB().exec(
+            QStringLiteral("insert into ExpenseDetail (DetailID, ExpenseID, WareID, num, Price, oughtMoney, "
+                           "Income, isdel, ExpenseTime) values (?, ?, ?, 1, ?, ?, ?, ?, '2026-11-21 18:30')"),
+            {id + QString::number(++n), id, ware, yuan(money), yuan(money), yuan(money - cost), voided});
     return id;
 }
 
@@ -77,8 +79,9 @@ CheckoutInput input(const QString& id, CloseMode mode, const QString& memberCode
     if (!memberCode.isEmpty()) m.applyMember(s.member(memberCode), s.excludedGoods(id));
     m.setChongzhiD(card);
     m.setFactPay(cash);
-    if (const Refused r = m.check(mode, QStringLiteral("老王"), [] { return true; }, TestVenue::fixedNow(),
-                                  TestVenue::fixedNow(), 0))
+    if (const Refused r = m.check(
+            mode, QStringLiteral("老王"), [] { return true; }, TestVenue::fixedNow(), TestVenue::fixedNow(),
+            0))
         qFatal("refused: %s", qPrintable(r->message));
     CheckoutInput in;
     in.expenseID = id;
@@ -93,9 +96,9 @@ CheckoutInput input(const QString& id, CloseMode mode, const QString& memberCode
     return in;
 }
 
-const QList<std::tuple<QString, double, double, bool>> Lines{
-    {QStringLiteral("beer"), 60, 20, false}, {QStringLiteral("cig"), 20, 15, false},
-    {QStringLiteral("beer"), 500, 100, true}};
+const QList<std::tuple<QString, double, double, bool>> Lines{{QStringLiteral("beer"), 60, 20, false},
+                                                             {QStringLiteral("cig"), 20, 15, false},
+                                                             {QStringLiteral("beer"), 500, 100, true}};
 } // namespace
 
 class TestCheckout : public QObject {
@@ -122,7 +125,8 @@ void TestCheckout::load_prices_the_bill() {
     OPEN_VENUE(v);
     addVenue();
     openBill(QStringLiteral("e1"), QStringLiteral("r1"), Lines);
-    const std::optional<CheckoutBill> b = CheckoutService().load(QStringLiteral("e1"), TestVenue::fixedNow(), false);
+    const std::optional<CheckoutBill> b =
+        CheckoutService().load(QStringLiteral("e1"), TestVenue::fixedNow(), false);
     QVERIFY(b);
     QCOMPARE(b->theCode, QStringLiteral("A01"));
     QCOMPARE(b->assortName, QStringLiteral("小包"));
@@ -160,14 +164,13 @@ void TestCheckout::paid_with_member_writes_bill_room_and_member() {
     App().LockTime = lockTime;
     App().CurrentOperatorName = QStringLiteral("收银甲");
     openBill(QStringLiteral("e1"), QStringLiteral("r1"), Lines);
-    const CheckoutInput in = input(QStringLiteral("e1"), CloseMode(mode), QStringLiteral("M1"), card,
-                                   QStringLiteral("500"));
+    const CheckoutInput in =
+        input(QStringLiteral("e1"), CloseMode(mode), QStringLiteral("M1"), card, QStringLiteral("500"));
     const Money receivable = in.amounts.expenseMoney;
     // Room and beer at 0.9, cigarettes at full price, rounded to the cent for the window.
-    const Money settled =
-        Money::fromText(FormatNumber((Money::fromDouble((receivable - yuan(20)).toDouble() * double(0.9f)) +
-                                      yuan(20)).toDouble(),
-                                     QStringLiteral("0.00")));
+    const Money settled = Money::fromText(FormatNumber(
+        (Money::fromDouble((receivable - yuan(20)).toDouble() * double(0.9f)) + yuan(20)).toDouble(),
+        QStringLiteral("0.00")));
     const CheckoutDone done = CheckoutService().close(in);
     QVERIFY(done.saved);
     QCOMPARE(done.theID, QStringLiteral("r1"));
@@ -250,8 +253,8 @@ void TestCheckout::bill_closed_only_once() {
     OPEN_VENUE(v);
     addVenue();
     openBill(QStringLiteral("e1"), QStringLiteral("r1"), Lines);
-    const CheckoutInput in =
-        input(QStringLiteral("e1"), CloseMode::Paid, QStringLiteral("M1"), QStringLiteral("30"), QStringLiteral("500"));
+    const CheckoutInput in = input(QStringLiteral("e1"), CloseMode::Paid, QStringLiteral("M1"),
+                                   QStringLiteral("30"), QStringLiteral("500"));
     QVERIFY(CheckoutService().close(in).saved);
     // The room has new guests meanwhile.
     openBill(QStringLiteral("e2"), QStringLiteral("r1"), {});
@@ -274,8 +277,8 @@ void TestCheckout::member_gone_writes_nothing() {
     OPEN_VENUE(v);
     addVenue();
     openBill(QStringLiteral("e1"), QStringLiteral("r1"), Lines);
-    const CheckoutInput in =
-        input(QStringLiteral("e1"), CloseMode::Paid, QStringLiteral("M1"), QStringLiteral("30"), QStringLiteral("500"));
+    const CheckoutInput in = input(QStringLiteral("e1"), CloseMode::Paid, QStringLiteral("M1"),
+                                   QStringLiteral("30"), QStringLiteral("500"));
     DB().exec(QStringLiteral("delete from Member where MemberCode='M1'"));
     const CheckoutDone done = CheckoutService().close(in);
     QVERIFY(!done.saved);
@@ -291,8 +294,8 @@ void TestCheckout::deferred_bill_settled_later() {
     OPEN_VENUE(v);
     addVenue();
     openBill(QStringLiteral("e1"), QStringLiteral("r1"), Lines);
-    CheckoutInput deferred =
-        input(QStringLiteral("e1"), CloseMode::Deferred, QStringLiteral("M1"), QStringLiteral("0"), QStringLiteral("0"));
+    CheckoutInput deferred = input(QStringLiteral("e1"), CloseMode::Deferred, QStringLiteral("M1"),
+                                   QStringLiteral("0"), QStringLiteral("0"));
     deferred.closeTime = QDateTime(QDate(2026, 11, 20), QTime(23, 0));
     QVERIFY(CheckoutService().close(deferred).saved);
     QCOMPARE(CheckoutService().deferredBills(QString()).count(), 1);
@@ -334,15 +337,17 @@ void TestCheckout::deferred_search() {
     OPEN_VENUE(v);
     addVenue();
     // The paid bill of 王五 is no longer owed.
-    for (const QString& b : {QStringLiteral("d3|小王|2026-11-20 10:00|2"), QStringLiteral("d1|老王|2026-11-18 10:00|2"),
-                             QStringLiteral("d2|O'Neil|2026-11-19 10:00|2"), QStringLiteral("p1|王五|2026-11-17 10:00|0")}) {
+    for (const QString& b :
+         {QStringLiteral("d3|小王|2026-11-20 10:00|2"), QStringLiteral("d1|老王|2026-11-18 10:00|2"),
+          QStringLiteral("d2|O'Neil|2026-11-19 10:00|2"), QStringLiteral("p1|王五|2026-11-17 10:00|0")}) {
         const QStringList f = b.split(u'|');
         DB().exec(QStringLiteral("insert into Expense (ExpenseID, TheID, OpenTime, State, VoucherState, jzr) "
                                  "values (?, 'r1', ?, 0, ?, ?)"),
                   {f[0], f[2], f[3].toInt(), f[1]});
     }
     QStringList got;
-    for (const Row r : CheckoutService().deferredBills(text)) got << r.text(QStringLiteral("ExpenseID"));
+    for (const Row r : CheckoutService().deferredBills(text))
+        got << r.text(QStringLiteral("ExpenseID"));
     QCOMPARE(got, found);
 }
 
@@ -357,8 +362,8 @@ void TestCheckout::race_of_two_checkouts() {
         const QString id = QStringLiteral("e%1").arg(round);
         openBill(id, QStringLiteral("r1"), Lines);
         const Money before = member().money(QStringLiteral("chongzhi"));
-        const CheckoutInput in = input(id, CloseMode::Paid, QStringLiteral("M1"), QStringLiteral("5"),
-                                       QStringLiteral("500"));
+        const CheckoutInput in =
+            input(id, CloseMode::Paid, QStringLiteral("M1"), QStringLiteral("5"), QStringLiteral("500"));
         std::atomic<int> ready{0}, saved{0}, changed{0};
         auto cashier = [&](int n) {
             Db db(QStringLiteral("cashier%1").arg(n));
@@ -394,7 +399,8 @@ void TestCheckout::topup_during_checkout_is_kept() {
         DB().exec(QStringLiteral("insert into The (TheID, TheCode, AssortID, State) values (?, ?, 'a', 0)"),
                   {theID, QStringLiteral("B%1").arg(i)});
         openBill(id, theID, Lines);
-        inputs << input(id, CloseMode::Paid, QStringLiteral("M1"), QStringLiteral("3"), QStringLiteral("500"));
+        inputs << input(id, CloseMode::Paid, QStringLiteral("M1"), QStringLiteral("3"),
+                        QStringLiteral("500"));
     }
     std::atomic<int> ready{0}, closed{0}, toppedUp{0};
     std::thread till([&] {
@@ -414,7 +420,9 @@ void TestCheckout::topup_during_checkout_is_kept() {
         while (ready < 2)
             std::this_thread::yield();
         for (int i = 0; i < Bills; ++i)
-            if (StoredValueService(db).save({QStringLiteral("M1"), QStringLiteral("7"), QStringLiteral("7"), {}}).ok())
+            if (StoredValueService(db)
+                    .save({QStringLiteral("M1"), QStringLiteral("7"), QStringLiteral("7"), {}})
+                    .ok())
                 ++toppedUp;
         db.close();
     });

@@ -21,8 +21,9 @@ CheckoutModel shown(double receivable, int payMoneyFormat = 0) {
 }
 
 CheckoutMember memberWith(float discount, double balance, qint64 state = 0) {
-    return CheckoutMember{QStringLiteral("M1"), QStringLiteral("张三"), state, QStringLiteral("s1"),
-                          QStringLiteral("金卡"), discount, yuan(balance)};
+    return CheckoutMember{QStringLiteral("M1"), QStringLiteral("张三"), state,
+                          QStringLiteral("s1"), QStringLiteral("金卡"), discount,
+                          yuan(balance)};
 }
 
 const QDateTime Opened(QDate(2026, 11, 21), QTime(20, 0));
@@ -91,11 +92,26 @@ void TestCheckoutModel::settlement_recomputes_the_boxes_data() {
     QTest::addColumn<QString>("noMoney");
     QTest::addColumn<QString>("discount");
     QTest::addColumn<QString>("temp");
-    QTest::newRow("nothing owed, no division") << 0.0 << "0" << "0" << "10" << "0.00";
-    QTest::newRow("15 per cent off") << 100.0 << "85" << "15" << "8.50" << "-85.00";
-    QTest::newRow("unformatted reduction") << 119.75 << "107.78" << "11.97" << "9.00" << "-107.78";
-    QTest::newRow("raised above the receivable") << 100.0 << "120" << "-20" << "12.00" << "-120.00";
-    QTest::newRow("letters settle at 0") << 100.0 << "abc" << "100" << "0.00" << "0.00";
+    QTest::newRow("nothing owed, no division") << 0.0 << "0"
+                                               << "0"
+                                               << "10"
+                                               << "0.00";
+    QTest::newRow("15 per cent off") << 100.0 << "85"
+                                     << "15"
+                                     << "8.50"
+                                     << "-85.00";
+    QTest::newRow("unformatted reduction") << 119.75 << "107.78"
+                                           << "11.97"
+                                           << "9.00"
+                                           << "-107.78";
+    QTest::newRow("raised above the receivable") << 100.0 << "120"
+                                                 << "-20"
+                                                 << "12.00"
+                                                 << "-120.00";
+    QTest::newRow("letters settle at 0") << 100.0 << "abc"
+                                         << "100"
+                                         << "0.00"
+                                         << "0.00";
 }
 
 void TestCheckoutModel::settlement_recomputes_the_boxes() {
@@ -119,14 +135,21 @@ void TestCheckoutModel::member_discount_data() {
     QTest::addColumn<int>("format");
     QTest::addColumn<QString>("settlement");
     QTest::addColumn<QString>("label");
-    QTest::newRow("discount 1 settles the receivable") << 100.0 << 0.0 << 1.0f << 0 << "100.00" << "1.00";
-    QTest::newRow("excluded goods at full price") << 100.0 << 20.0 << 0.9f << 0 << "92.00" << "0.90";
-    QTest::newRow("cents kept") << 119.75 << 0.0 << 0.9f << 0 << "107.78" << "0.90";
-    QTest::newRow("cut to whole") << 119.75 << 0.0 << 0.9f << 1 << "107" << "0.90";
-    QTest::newRow("rounded") << 119.75 << 0.0 << 0.9f << 2 << "108" << "0.90";
-    QTest::newRow("class shown in cents") << 100.0 << 0.0 << 0.875f << 0 << "87.50" << "0.88";
+    QTest::newRow("discount 1 settles the receivable") << 100.0 << 0.0 << 1.0f << 0 << "100.00"
+                                                       << "1.00";
+    QTest::newRow("excluded goods at full price") << 100.0 << 20.0 << 0.9f << 0 << "92.00"
+                                                  << "0.90";
+    QTest::newRow("cents kept") << 119.75 << 0.0 << 0.9f << 0 << "107.78"
+                                << "0.90";
+    QTest::newRow("cut to whole") << 119.75 << 0.0 << 0.9f << 1 << "107"
+                                  << "0.90";
+    QTest::newRow("rounded") << 119.75 << 0.0 << 0.9f << 2 << "108"
+                             << "0.90";
+    QTest::newRow("class shown in cents") << 100.0 << 0.0 << 0.875f << 0 << "87.50"
+                                          << "0.88";
     // A member without a class has a factor of 0: all but the excluded goods go free.
-    QTest::newRow("no class") << 100.0 << 30.0 << 0.0f << 0 << "30.00" << "0.00";
+    QTest::newRow("no class") << 100.0 << 30.0 << 0.0f << 0 << "30.00"
+                              << "0.00";
 }
 
 void TestCheckoutModel::member_discount() {
@@ -153,7 +176,8 @@ void TestCheckoutModel::member_discount() {
 
 void TestCheckoutModel::member_lookup_refusals() {
     CheckoutModel m = shown(100);
-    QCOMPARE(m.applyMember(std::nullopt, Money()), QStringLiteral("没找到这个会员！请检查您输入的编号是否正确！"));
+    QCOMPARE(m.applyMember(std::nullopt, Money()),
+             QStringLiteral("没找到这个会员！请检查您输入的编号是否正确！"));
     QVERIFY(!m.memberFound);
     QCOMPARE(m.oughtMoney, QStringLiteral("100"));
 
@@ -215,30 +239,61 @@ void TestCheckoutModel::checks_in_their_order_data() {
     QTest::addColumn<QString>("voucher");
     QTest::addColumn<QString>("message");
     QTest::addColumn<QString>("field");
-    QTest::newRow("deferred needs a name first") << 2 << " " << true << false << "x" << "x" << "0"
-                                                 << "挂帐时需输入结帐人！" << "txtjzr";
-    QTest::newRow("deferred skips the payment checks")
-        << 2 << "老王" << true << false << "x" << "x" << "0" << "" << "";
-    QTest::newRow("free skips the payment checks") << 1 << "" << true << false << "x" << "x" << "0" << "" << "";
-    QTest::newRow("cash not a number") << 0 << "" << true << false << "10元" << "x" << "0"
-                                       << "您输入的顾客支付金额有误，请重新输入！" << "txtFactPay";
-    QTest::newRow("member must give the password")
-        << 0 << "" << true << false << "100" << "0" << "0" << "您输入的会员密码不对，请重新输入！"
-        << "txtpw";
-    QTest::newRow("card not a number") << 0 << "" << true << true << "100" << "x" << "0"
-                                       << "您输入的储值卡消费金额金额有误，请重新输入！" << "txtChongzhiD";
-    QTest::newRow("card above the balance") << 0 << "" << true << true << "0" << "30.01" << "0"
+    QTest::newRow("deferred needs a name first") << 2 << " " << true << false << "x"
+                                                 << "x"
+                                                 << "0"
+                                                 << "挂帐时需输入结帐人！"
+                                                 << "txtjzr";
+    QTest::newRow("deferred skips the payment checks") << 2 << "老王" << true << false << "x"
+                                                       << "x"
+                                                       << "0"
+                                                       << ""
+                                                       << "";
+    QTest::newRow("free skips the payment checks") << 1 << "" << true << false << "x"
+                                                   << "x"
+                                                   << "0"
+                                                   << ""
+                                                   << "";
+    QTest::newRow("cash not a number") << 0 << "" << true << false << "10元"
+                                       << "x"
+                                       << "0"
+                                       << "您输入的顾客支付金额有误，请重新输入！"
+                                       << "txtFactPay";
+    QTest::newRow("member must give the password") << 0 << "" << true << false << "100"
+                                                   << "0"
+                                                   << "0"
+                                                   << "您输入的会员密码不对，请重新输入！"
+                                                   << "txtpw";
+    QTest::newRow("card not a number") << 0 << "" << true << true << "100"
+                                       << "x"
+                                       << "0"
+                                       << "您输入的储值卡消费金额金额有误，请重新输入！"
+                                       << "txtChongzhiD";
+    QTest::newRow("card above the balance") << 0 << "" << true << true << "0"
+                                            << "30.01"
+                                            << "0"
                                             << "您输入的储值卡消费金额大于储值卡剩余金额，请重新输入！"
                                             << "txtChongzhiD";
-    QTest::newRow("card without a member") << 0 << "" << false << false << "0" << "1" << "0"
+    QTest::newRow("card without a member") << 0 << "" << false << false << "0"
+                                           << "1"
+                                           << "0"
                                            << "您输入的储值卡消费金额大于储值卡剩余金额，请重新输入！"
                                            << "txtChongzhiD";
-    QTest::newRow("short payment") << 0 << "" << true << true << "60" << "30" << "9.99"
+    QTest::newRow("short payment") << 0 << "" << true << true << "60"
+                                   << "30"
+                                   << "9.99"
                                    << "实收金额加储卡支付金额不能小于结算金额，请检查输入是否正确！"
                                    << "txtFactPay";
-    QTest::newRow("voucher completes the payment") << 0 << "" << true << true << "60" << "30" << "10" << ""
+    QTest::newRow("voucher completes the payment") << 0 << "" << true << true << "60"
+                                                   << "30"
+                                                   << "10"
+                                                   << ""
                                                    << "";
-    QTest::newRow("no member, cash only") << 0 << "" << false << false << "100" << "0" << "0" << "" << "";
+    QTest::newRow("no member, cash only") << 0 << "" << false << false << "100"
+                                          << "0"
+                                          << "0"
+                                          << ""
+                                          << "";
 }
 
 void TestCheckoutModel::checks_in_their_order() {
@@ -268,7 +323,8 @@ void TestCheckoutModel::checks_in_their_order() {
     if (mode != 0) {
         // Nothing is asked and nothing is paid when nothing is paid now.
         QVERIFY(!asked);
-        if (!r) QCOMPARE(QStringList({m.factPay, m.chongzhiD, m.freePay}), QStringList(3, QStringLiteral("0")));
+        if (!r)
+            QCOMPARE(QStringList({m.factPay, m.chongzhiD, m.freePay}), QStringList(3, QStringLiteral("0")));
     }
 }
 
@@ -287,7 +343,8 @@ void TestCheckoutModel::close_time_limit() {
     QFETCH(double, limit);
     CheckoutModel m = shown(100);
     m.setFactPay(QStringLiteral("100"));
-    const Refused r = m.check(CloseMode::Paid, {}, PasswordOk, Opened.addSecs(60 * minutesMoved), Opened, limit);
+    const Refused r =
+        m.check(CloseMode::Paid, {}, PasswordOk, Opened.addSecs(60 * minutesMoved), Opened, limit);
     QTEST(bool(r), "refused");
     if (r) QCOMPARE(r->field, QStringLiteral("dtpCloseTime"));
 }
@@ -300,11 +357,21 @@ void TestCheckoutModel::amounts_written_data() {
     // factpay, CashPay, Income, chongzhipay, SumPay
     QTest::addColumn<QList<double>>("expected");
     // Settlement 100 (receivable 120), goods cost 25.
-    QTest::newRow("cash with change") << 0 << "150" << "0" << "0" << QList<double>{100, 100, 75, 0, 100};
-    QTest::newRow("stored value and cash") << 0 << "100" << "30" << "0" << QList<double>{100, 70, 75, 30, 100};
-    QTest::newRow("voucher") << 0 << "100" << "0" << "20" << QList<double>{100, 80, 55, 0, 100};
-    QTest::newRow("free") << 1 << "100" << "30" << "20" << QList<double>{0, 0, -25, 0, 0};
-    QTest::newRow("deferred") << 2 << "100" << "30" << "20" << QList<double>{0, 0, 75, 0, 0};
+    QTest::newRow("cash with change") << 0 << "150"
+                                      << "0"
+                                      << "0" << QList<double>{100, 100, 75, 0, 100};
+    QTest::newRow("stored value and cash") << 0 << "100"
+                                           << "30"
+                                           << "0" << QList<double>{100, 70, 75, 30, 100};
+    QTest::newRow("voucher") << 0 << "100"
+                             << "0"
+                             << "20" << QList<double>{100, 80, 55, 0, 100};
+    QTest::newRow("free") << 1 << "100"
+                          << "30"
+                          << "20" << QList<double>{0, 0, -25, 0, 0};
+    QTest::newRow("deferred") << 2 << "100"
+                              << "30"
+                              << "20" << QList<double>{0, 0, 75, 0, 0};
 }
 
 void TestCheckoutModel::amounts_written() {
