@@ -1,3 +1,4 @@
+#include "FormProbe.h"
 #include "AppState.h"
 #include "Clock.h"
 #include "MessageBox.h"
@@ -41,12 +42,6 @@ void addVenue() {
     addRoom(QStringLiteral("r2"), QStringLiteral("A02"), QStringLiteral("a"));
     addRoom(QStringLiteral("r3"), QStringLiteral("A03"), QStringLiteral("a"));
     addRoom(QStringLiteral("r9"), QStringLiteral("B01"), QStringLiteral("b"));
-}
-
-template <class T> T* child(QWidget* w, const char* name) {
-    T* c = w->findChild<T*>(QLatin1String(name));
-    if (!c) qFatal("no control %s", name);
-    return c;
 }
 
 QString codes(RoomBoard* b) {

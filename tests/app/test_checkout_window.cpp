@@ -1,3 +1,4 @@
+#include "FormProbe.h"
 #include "AppState.h"
 #include "Clock.h"
 #include "Desktop.h"
@@ -44,12 +45,6 @@ void addVenue() {
     SetSetup(QStringLiteral("PayMoneyFormat"), QStringLiteral("0"));
     App().IsPrintEndBill = 0;
     App().LockTime = 0;
-}
-
-template <class T> T* child(QWidget* w, const char* name) {
-    T* c = w->findChild<T*>(QLatin1String(name));
-    if (!c) qFatal("no control %s", name);
-    return c;
 }
 
 QString focused(QWidget* d) {

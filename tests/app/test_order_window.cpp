@@ -1,3 +1,4 @@
+#include "FormProbe.h"
 #include "Ini.h"
 #include "MessageBox.h"
 #include "OrderPrinting.h"
@@ -40,12 +41,6 @@ void addVenue() {
 
 // Runs `act` on the modal dialog of that name once it is up and active (its F-keys work
 // from then on), while the caller sits in exec(). A dialog a failed check leaves open is
-template <class T> T* child(QWidget* w, const char* name) {
-    T* c = w->findChild<T*>(QLatin1String(name));
-    if (!c) qFatal("no control %s", name);
-    return c;
-}
-
 // The item of a list (or the child of a tree node) showing `text` in `column`.
 QTreeWidgetItem* item(QTreeWidget* list, const QString& text, int column = 0,
                       QTreeWidgetItem* parent = nullptr) {

@@ -1,3 +1,4 @@
+#include "FormProbe.h"
 #include "AppState.h"
 #include "ListColumns.h"
 #include "MemberPrinting.h"
@@ -32,11 +33,6 @@ qint64 count(const QString& sql, const Params& p = {}) {
     return DB().scalar(sql, p).toLongLong();
 }
 
-template <class T> T* child(QObject* form, const char* name) {
-    T* w = form->findChild<T*>(QLatin1String(name));
-    if (!w) qFatal("no control %s", name);
-    return w;
-}
 QLineEdit* box(QObject* form, const char* name) {
     return child<QLineEdit>(form, name);
 }

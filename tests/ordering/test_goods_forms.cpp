@@ -1,3 +1,4 @@
+#include "FormProbe.h"
 #include "AppState.h"
 #include "MessageBox.h"
 #include "Settings.h"
@@ -13,11 +14,6 @@
 #include <QTest>
 
 namespace {
-template <class T> T* child(QWidget& w, const char* name) {
-    T* c = w.findChild<T*>(QLatin1String(name));
-    if (!c) qFatal("no control %s", name);
-    return c;
-}
 QLineEdit* box(QWidget& w, const char* name) {
     return child<QLineEdit>(w, name);
 }

@@ -1,3 +1,4 @@
+#include "FormProbe.h"
 #include "AppState.h"
 #include "EscPos.h"
 #include "Ini.h"
@@ -37,12 +38,6 @@
 
 namespace {
 const QString Standard = QStringLiteral("00000000000000001");
-
-template <class T> T* child(QWidget* w, const char* name) {
-    T* c = w->findChild<T*>(QLatin1String(name));
-    if (!c) qFatal("no control %s", name);
-    return c;
-}
 
 // A network receipt printer on this machine: it takes what is sent and keeps it.
 class Sink {

@@ -1,3 +1,4 @@
+#include "FormProbe.h"
 #include "MessageBox.h"
 #include "RoomService.h"
 #include "TestVenue.h"
@@ -45,12 +46,6 @@ QStringList codes() {
 QStringList sorted(QStringList list) {
     list.sort();
     return list;
-}
-
-template <class T> T* child(QWidget& w, const char* name) {
-    T* c = w.findChild<T*>(QLatin1String(name));
-    if (!c) qFatal("no control %s", name);
-    return c;
 }
 
 QString focused() {

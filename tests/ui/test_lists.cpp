@@ -1,3 +1,4 @@
+#include "FormProbe.h"
 #include "AutoInput.h"
 #include "Desktop.h"
 #include "Dialect.h"
@@ -24,12 +25,6 @@
 Q_DECLARE_METATYPE(QList<ListColumnDef>)
 
 namespace {
-template <class T> T* child(QWidget& w, const char* name) {
-    T* c = w.findChild<T*>(QLatin1String(name));
-    if (!c) qFatal("no control %s", name);
-    return c;
-}
-
 void look(QWidget& w, const QString& name) {
     const QString dir = qEnvironmentVariable("SINGBOX_SHOTS");
     if (dir.isEmpty()) return;
