@@ -67,22 +67,17 @@ frmCloseHouse::frmCloseHouse(QWidget* parent) : QDialog(parent), ui(std::make_un
     for (QLineEdit* box : {ui->txtOughtMoney, ui->txtFactPay, ui->txtTemp})
         box->setFont(big);
 
-    connect(ui->txtOughtMoney, &QLineEdit::textEdited, this, [this](const QString& t) {
-        m_model.setOughtMoney(t);
-        showBoxes();
-    });
-    connect(ui->txtFactPay, &QLineEdit::textEdited, this, [this](const QString& t) {
-        m_model.setFactPay(t);
-        showBoxes();
-    });
-    connect(ui->txtChongzhiD, &QLineEdit::textEdited, this, [this](const QString& t) {
-        m_model.setChongzhiD(t);
-        showBoxes();
-    });
-    connect(ui->txtFreePay, &QLineEdit::textEdited, this, [this](const QString& t) {
-        m_model.setFreePay(t);
-        showBoxes();
-    });
+    // Typing in a money box goes to the model, which recomputes the others.
+    const QList<std::pair<QLineEdit*, void (CheckoutModel::*)(const QString&)>> typed{
+        {ui->txtOughtMoney, &CheckoutModel::setOughtMoney},
+        {ui->txtFactPay, &CheckoutModel::setFactPay},
+        {ui->txtChongzhiD, &CheckoutModel::setChongzhiD},
+        {ui->txtFreePay, &CheckoutModel::setFreePay}};
+    for (const auto& [box, set] : typed)
+        connect(box, &QLineEdit::textEdited, this, [this, set = set](const QString& t) {
+            (m_model.*set)(t);
+            showBoxes();
+        });
     connect(ui->dtpCloseTime, &QDateTimeEdit::dateTimeChanged, this, [this] { dtpCloseTime_Change(); });
     connect(ui->cmdcal, &QPushButton::clicked, this, [this] {
         LoadBill();

@@ -1,16 +1,13 @@
 #include "AppState.h"
 #include "CheckoutService.h"
 #include "Format.h"
+#include "MoneyCompare.h"
 #include "StoredValueService.h"
 #include "TestVenue.h"
 #include "Val.h"
 #include <QTest>
 #include <atomic>
 #include <thread>
-
-char* toString(const Money& m) {
-    return QTest::toString(m.toPlain());
-}
 
 namespace {
 Money yuan(double v) {

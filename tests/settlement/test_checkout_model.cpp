@@ -1,11 +1,7 @@
 #include "CheckoutModel.h"
+#include "MoneyCompare.h"
 #include "Val.h"
 #include <QTest>
-
-// Money in a failed comparison.
-char* toString(const Money& m) {
-    return QTest::toString(m.toPlain());
-}
 
 namespace {
 Money yuan(double v) {
