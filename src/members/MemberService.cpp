@@ -234,15 +234,19 @@ bool MemberService::CheckMemberPassword(const QString& code, const QString& type
     return !r.isEmpty() && PasswordMatches(r.first().text(QStringLiteral("pw")), typed);
 }
 
-bool MemberService::settle(const QString& code, Money paid, Money cardPay) {
+MemberService::Settled MemberService::settle(const QString& code, Money paid, Money cardPay) {
     const Rows r =
         m_db.query(QStringLiteral("select memberSetup.StepValue from Member left join memberSetup on "
                                   "Member.SetupID=memberSetup.SetupID where Member.MemberCode=?"),
                    {code});
-    if (r.isEmpty()) return false;
+    if (r.isEmpty()) return Settled::MemberGone;
     const qint64 points = MemberPoints(paid, r.first().num(QStringLiteral("StepValue")));
-    return m_db.exec(QStringLiteral("update Member set MemberValue=coalesce(MemberValue,0)+?, "
-                                    "sumValue=coalesce(sumValue,0)+?, chongzhi=coalesce(chongzhi,0)-? "
-                                    "where MemberCode=?"),
-                     {points, paid, cardPay, code}) > 0;
+    const int n = m_db.exec(QStringLiteral("update Member set MemberValue=coalesce(MemberValue,0)+?, "
+                                           "sumValue=coalesce(sumValue,0)+?, chongzhi=coalesce(chongzhi,0)-? "
+                                           "where MemberCode=? and (?<=0 or coalesce(chongzhi,0)>=?)"),
+                            {points, paid, cardPay, code, cardPay, cardPay});
+    if (n > 0) return Settled::Done;
+    return m_db.query(QStringLiteral("select MemberCode from Member where MemberCode=?"), {code}).isEmpty()
+               ? Settled::MemberGone
+               : Settled::BalanceShort;
 }

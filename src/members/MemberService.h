@@ -93,9 +93,11 @@ class MemberService {
     // True when the member exists and the typed password opens its card.
     bool CheckMemberPassword(const QString& code, const QString& typed) const;
     // Checkout's credit: points by the class, spending, and the stored value used, each by
-    // a relative update so that a top-up made meanwhile is kept. Runs inside the caller's
-    // transaction when there is one. False when the member is gone. Throws DbError.
-    bool settle(const QString& code, Money paid, Money cardPay);
+    // a relative update so that a top-up made meanwhile is kept. The stored value is taken
+    // only while the card still holds it, in the same statement, so two tills can't both
+    // spend one balance. Runs inside the caller's transaction. Throws DbError.
+    enum class Settled { Done, MemberGone, BalanceShort };
+    Settled settle(const QString& code, Money paid, Money cardPay);
 
   private:
     Db& m_db;

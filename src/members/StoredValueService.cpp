@@ -6,10 +6,6 @@
 #include "Gateway.h"
 #include "Val.h"
 
-namespace {
-constexpr int SaveAttempts = 5;
-}
-
 ChongzhiMemberLoad StoredValueService::loadMember(const QString& code) const {
     const Rows r = m_db.query(QStringLiteral("select * from member where Membercode=?"), {code});
     if (r.isEmpty())
@@ -44,37 +40,41 @@ ChongzhiSaved StoredValueService::save(const ChongzhiInput& in) {
     const Money credited = Money::fromText(in.thisMemoney);
     const Money received = Money::fromText(in.factPay);
     const QString when = TimeText(Now());
-    for (int attempt = 1;; ++attempt) {
-        try {
+    try {
+        return m_db.write([&] {
             ChongzhiSaved out;
-            m_db.write([&] {
-                out = ChongzhiSaved{};
-                out.operatorTime = when;
-                out.chongzhiID = FreshKey(QStringLiteral("chongzhi"), QStringLiteral("chongzhiid"), m_db);
+            out.operatorTime = when;
+            // Relative to the stored balance, so a top-up or checkout on another workstation at
+            // the same moment is kept; a negative top-up only while the card still holds it.
+            const bool credit =
                 m_db.exec(
-                    QStringLiteral("insert into chongzhi (chongzhiid, MemberCode, thismemoney, factpay, "
-                                   "Description, operatorname, OperatorTime) values (?, ?, ?, ?, ?, ?, ?)"),
-                    {out.chongzhiID, in.currentMember, credited, received, in.description,
-                     App().CurrentOperatorName, when});
-                // Relative to the stored balance, so a top-up or checkout on another
-                // workstation at the same moment is kept.
-                if (m_db.exec(QStringLiteral(
-                                  "update member set chongzhi=coalesce(chongzhi,0)+? where membercode=?"),
-                              {credited, in.currentMember}) == 0)
-                    out.warning = Refusal{
-                        QStringLiteral("充值失败，没找个此会员的资料！请核对此会员数据是否已被清除！"),
-                        {},
-                        Msg::Icon::Exclamation};
-            });
+                    QStringLiteral("update member set chongzhi=coalesce(chongzhi,0)+? where membercode=? "
+                                   "and (?>=0 or coalesce(chongzhi,0)+?>=0)"),
+                    {credited, in.currentMember, credited, credited}) > 0;
+            if (!credit && m_db.scalar(QStringLiteral("select count(*) from member where membercode=?"),
+                                       {in.currentMember})
+                                   .toLongLong() > 0) {
+                out.refusal = Refusal{QStringLiteral("储值卡的余额不够扣减，请重新输入充值金额！"),
+                                      QStringLiteral("txtThisMemoney")};
+                return m_db.discard(out);
+            }
+            out.chongzhiID = FreshKey(QStringLiteral("chongzhi"), QStringLiteral("chongzhiid"), m_db);
+            m_db.exec(QStringLiteral("insert into chongzhi (chongzhiid, MemberCode, thismemoney, factpay, "
+                                     "Description, operatorname, OperatorTime) values (?, ?, ?, ?, ?, ?, ?)"),
+                      {out.chongzhiID, in.currentMember, credited, received, in.description,
+                       App().CurrentOperatorName, when});
+            if (!credit)
+                out.warning =
+                    Refusal{QStringLiteral("充值失败，没找个此会员的资料！请核对此会员数据是否已被清除！"),
+                            {},
+                            Msg::Icon::Exclamation};
             return out;
-        } catch (const DbError& e) {
-            // Two workstations can make the same key in the same second.
-            if (attempt < SaveAttempts && m_db.dialect().isUniqueViolation(e)) continue;
-            ChongzhiSaved out;
-            out.refusal = Refusal{
-                e.message(QStringLiteral("SaveData"), QStringLiteral("frmChongzhi")), {}, Msg::Icon::None};
-            return out;
-        }
+        });
+    } catch (const DbError& e) {
+        ChongzhiSaved out;
+        out.refusal = Refusal{
+            e.message(QStringLiteral("SaveData"), QStringLiteral("frmChongzhi")), {}, Msg::Icon::None};
+        return out;
     }
 }
 

@@ -71,13 +71,13 @@ LineSaved OrderService::SaveLine(const OrderLineInput& in) {
     }
     l.operatorName = App().CurrentOperatorName;
 
-    for (int attempt = 1;; ++attempt) {
-        try {
-            Transaction t(m_db);
-            if (Refused r = holdOpenBill(in.expenseID)) return {std::nullopt, r};
+    try {
+        return m_db.write([&]() -> LineSaved {
+            if (Refused r = holdOpenBill(in.expenseID)) return m_db.discard(LineSaved{std::nullopt, r});
             // A return takes back what a printed bill shows, like a void.
             if (l.num < 0)
-                if (Refused r = canDelete(m_db, in.expenseID)) return {std::nullopt, r};
+                if (Refused r = canDelete(m_db, in.expenseID))
+                    return m_db.discard(LineSaved{std::nullopt, r});
 
             l.detailID = FreshKey(QStringLiteral("ExpenseDetail"), QStringLiteral("DetailID"), m_db);
             l.thisCode = in.thisCode.isEmpty() ? l.detailID : in.thisCode;
@@ -117,21 +117,18 @@ LineSaved OrderService::SaveLine(const OrderLineInput& in) {
             if (App().IsUseWareHouse == 1)
                 m_db.exec(QStringLiteral("update Ware set nownum=coalesce(nownum,0)-? where WareID=?"),
                           {l.num, in.wareID});
-            t.commit();
-            return {l, std::nullopt};
-        } catch (const DbError& e) {
-            if (m_db.mayRetry(e, attempt)) continue;
-            return {std::nullopt, failed(e, "SaveData")};
-        }
+            return LineSaved{l, std::nullopt};
+        });
+    } catch (const DbError& e) {
+        return {std::nullopt, failed(e, "SaveData")};
     }
 }
 
 Refused OrderService::DeleteDetail(const QString& expenseID, const QString& detailID) {
-    for (int attempt = 1;; ++attempt) {
-        try {
-            Transaction t(m_db);
-            if (Refused r = holdOpenBill(expenseID)) return r;
-            if (Refused r = canDelete(m_db, expenseID)) return r;
+    try {
+        return m_db.write([&]() -> Refused {
+            if (Refused r = holdOpenBill(expenseID)) return m_db.discard(r);
+            if (Refused r = canDelete(m_db, expenseID)) return m_db.discard(r);
             const Rows line = m_db.query(
                 QStringLiteral("select WareID, num from ExpenseDetail where DetailID=? and ExpenseID=?"),
                 {detailID, expenseID});
@@ -141,30 +138,28 @@ Refused OrderService::DeleteDetail(const QString& expenseID, const QString& deta
                     QStringLiteral("update ExpenseDetail set isdel=1 where DetailID=? and ExpenseID=? and "
                                    "coalesce(isdel,0)<>1"),
                     {detailID, expenseID}) == 0)
-                return Refusal::warning(OrderText::lineGone());
+                return m_db.discard(Refused(Refusal::warning(OrderText::lineGone())));
             // The quantity as stored, not as the list rounds it; gifts too.
             if (App().IsUseWareHouse == 1)
                 m_db.exec(
                     QStringLiteral("update Ware set nownum=coalesce(nownum,0)+? where WareID=?"),
                     {line.first().num(QStringLiteral("num")), line.first().text(QStringLiteral("WareID"))});
-            t.commit();
-            return std::nullopt;
-        } catch (const DbError& e) {
-            if (m_db.mayRetry(e, attempt)) continue;
-            return failed(e, "DeleteDetail");
-        }
+            return Refused();
+        });
+    } catch (const DbError& e) {
+        return failed(e, "DeleteDetail");
     }
 }
 
 Refused OrderService::SaveNote(const QString& detailID, const QString& note) {
     try {
-        Transaction t(m_db);
-        if (m_db.exec(QStringLiteral("update ExpenseDetail set Description=? where DetailID=?"),
-                      {note, detailID}) == 0)
-            return Refusal::warning(OrderText::lineGone());
-        SaveAutoInput(QStringLiteral("DetailDescription"), note, m_db);
-        t.commit();
-        return std::nullopt;
+        return m_db.write([&]() -> Refused {
+            if (m_db.exec(QStringLiteral("update ExpenseDetail set Description=? where DetailID=?"),
+                          {note, detailID}) == 0)
+                return m_db.discard(Refused(Refusal::warning(OrderText::lineGone())));
+            SaveAutoInput(QStringLiteral("DetailDescription"), note, m_db);
+            return Refused();
+        });
     } catch (const DbError& e) {
         return Refusal{
             QStringLiteral("保存备注信息失败！\n错误信息： ") + e.description, {}, Msg::Icon::Critical};

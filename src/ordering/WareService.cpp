@@ -1,6 +1,7 @@
 #include "WareService.h"
 #include "AppState.h"
 #include "Dialect.h"
+#include "Gateway.h"
 #include "NewID.h"
 #include "Val.h"
 #include <cmath>
@@ -137,39 +138,34 @@ WareSaved WareService::saveWare(const QString& id, const WareInput& in) {
     const Params values{
         in.wareName, in.mnemonics,   Money::fromText(in.price),   Money::fromText(in.procurePrice),
         in.wareUnit, Val(in.minNum), Money::fromText(in.tiCheng), in.wareTypeID};
-    for (int attempt = 1;; ++attempt) {
-        try {
-            return m_db.write([&]() -> WareSaved {
-                if (id.isEmpty()) {
-                    const QString key = NewID();
-                    Params p = values;
-                    p << key;
-                    m_db.exec(QStringLiteral(
-                                  "insert into Ware (WareName, Mnemonics, Price, ProcurePrice, wareUnit, "
-                                  "minnum, tiCheng, WareTypeID, WareID) values (?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-                              p);
-                    return {key, std::nullopt};
-                }
+    try {
+        return m_db.write([&]() -> WareSaved {
+            if (id.isEmpty()) {
+                const QString key = FreshKey(QStringLiteral("Ware"), QStringLiteral("WareID"), m_db);
                 Params p = values;
-                p << id;
-                if (m_db.exec(
-                        QStringLiteral("update Ware set WareName=?, Mnemonics=?, Price=?, ProcurePrice=?, "
-                                       "wareUnit=?, minnum=?, tiCheng=?, WareTypeID=? where WareID=?"),
-                        p) == 0) {
-                    WareSaved gone;
-                    gone.gone = true;
-                    return gone;
-                }
-                return {id, std::nullopt};
-            });
-        } catch (const DbError& e) {
-            // A key made on another workstation in the same second: take another.
-            if (id.isEmpty() && attempt < 3 && m_db.dialect().isUniqueViolation(e)) continue;
-            return {{},
-                    Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmWare")),
-                            {},
-                            Msg::Icon::Critical}};
-        }
+                p << key;
+                m_db.exec(
+                    QStringLiteral("insert into Ware (WareName, Mnemonics, Price, ProcurePrice, wareUnit, "
+                                   "minnum, tiCheng, WareTypeID, WareID) values (?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                    p);
+                return {key, std::nullopt};
+            }
+            Params p = values;
+            p << id;
+            if (m_db.exec(QStringLiteral("update Ware set WareName=?, Mnemonics=?, Price=?, ProcurePrice=?, "
+                                         "wareUnit=?, minnum=?, tiCheng=?, WareTypeID=? where WareID=?"),
+                          p) == 0) {
+                WareSaved gone;
+                gone.gone = true;
+                return gone;
+            }
+            return {id, std::nullopt};
+        });
+    } catch (const DbError& e) {
+        return {{},
+                Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmWare")),
+                        {},
+                        Msg::Icon::Critical}};
     }
 }
 

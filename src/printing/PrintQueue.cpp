@@ -76,29 +76,46 @@ QString Enqueue(PrintRole role, const Receipt& receipt, int copies, const JobSou
     });
 }
 
+std::optional<Delivery> Prepare(const QString& jobID, const std::optional<QString>& printer, Db& db) {
+    const Rows rows = db.query(QStringLiteral("select * from PrintJob where JobID=?"), {jobID});
+    if (rows.isEmpty()) return std::nullopt;
+    const Row job = rows.first();
+    Delivery d;
+    d.jobID = jobID;
+    d.target = printer ? printer->trimmed() : job.text(QStringLiteral("Printer"));
+    d.paper = printer ? paperFor(d.target, int(job.integer(QStringLiteral("Paper"))), db)
+                      : int(job.integer(QStringLiteral("Paper")));
+    d.caption = job.text(QStringLiteral("Caption"));
+    d.fileName = job.text(QStringLiteral("Design")) + QLatin1Char('-') + jobID;
+    d.receipt = Receipt::fromJson(job.text(QStringLiteral("Document")));
+    d.copies = int(job.integer(QStringLiteral("Copies")));
+    return d;
+}
+
+QString Deliver(const Delivery& d) {
+    return SendReceipt(d.target, d.receipt, d.paper == 58 ? Paper::mm58 : Paper::mm80, d.copies, d.fileName);
+}
+
+void Record(const Delivery& d, const QString& error, Db& db) {
+    db.write([&] {
+        db.exec(QStringLiteral("update PrintJob set State=?, Error=?, PrintTime=?, Printer=?, Paper=?, "
+                               "Tries=Tries+1 where JobID=?"),
+                {error.isEmpty() ? Printed : Failed, error, TimeText(Now()), d.target, d.paper, d.jobID});
+    });
+}
+
 PrintOutcome Send(const QString& jobID, const std::optional<QString>& printer, Db& db) {
     PrintOutcome out;
     out.jobs << jobID;
-    const Rows rows = db.query(QStringLiteral("select * from PrintJob where JobID=?"), {jobID});
-    if (rows.isEmpty()) {
+    const std::optional<Delivery> d = Prepare(jobID, printer, db);
+    if (!d) {
         out.failures << PrintFailure{jobID, printer.value_or(QString()), jobID,
                                      QStringLiteral("打印队列中没有这个单据")};
         return out;
     }
-    const Row job = rows.first();
-    const QString target = printer ? printer->trimmed() : job.text(QStringLiteral("Printer"));
-    const int paper = printer ? paperFor(target, int(job.integer(QStringLiteral("Paper"))), db)
-                              : int(job.integer(QStringLiteral("Paper")));
-    const Receipt receipt = Receipt::fromJson(job.text(QStringLiteral("Document")));
-    const QString error = SendReceipt(target, receipt, paper == 58 ? Paper::mm58 : Paper::mm80,
-                                      int(job.integer(QStringLiteral("Copies"))),
-                                      job.text(QStringLiteral("Design")) + QLatin1Char('-') + jobID);
-    db.exec(
-        QStringLiteral("update PrintJob set State=?, Error=?, PrintTime=?, Printer=?, Paper=?, Tries=Tries+1 "
-                       "where JobID=?"),
-        {error.isEmpty() ? Printed : Failed, error, TimeText(Now()), target, paper, jobID});
-    if (!error.isEmpty())
-        out.failures << PrintFailure{jobID, target, job.text(QStringLiteral("Caption")), error};
+    const QString error = Deliver(*d);
+    Record(*d, error, db);
+    if (!error.isEmpty()) out.failures << PrintFailure{jobID, d->target, d->caption, error};
     return out;
 }
 

@@ -50,6 +50,25 @@ QString Enqueue(PrintRole role, const Receipt& receipt, int copies, const JobSou
 PrintOutcome Send(const QString& jobID, const std::optional<QString>& printer = std::nullopt, Db& db = DB());
 PrintOutcome SendAll(const QStringList& jobIDs, Db& db = DB());
 
+// A stored job made ready for its printer. Delivering it needs no database, so it can
+// run off the window's thread; its result is recorded afterwards.
+struct Delivery {
+    QString jobID;
+    QString target; // the printer setting it goes to
+    int paper = 80;
+    QString caption;
+    QString fileName;
+    Receipt receipt;
+    int copies = 1;
+};
+// Nothing when the job is gone.
+std::optional<Delivery> Prepare(const QString& jobID, const std::optional<QString>& printer = std::nullopt,
+                                Db& db = DB());
+// Prints it; the error text, empty when it came out. Any thread.
+QString Deliver(const Delivery& d);
+// Stores the outcome on the job.
+void Record(const Delivery& d, const QString& error, Db& db = DB());
+
 // Jobs for the list window, newest first; `unprintedOnly` leaves the printed ones out.
 Rows Jobs(bool unprintedOnly, Db& db = DB());
 Receipt Document(const QString& jobID, Db& db = DB());

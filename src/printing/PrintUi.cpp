@@ -7,6 +7,12 @@
 #include "frmPrintQueue.h"
 #include <QApplication>
 #include <QCursor>
+#include <QDeadlineTimer>
+#include <QPointer>
+#include <QThread>
+#include <QTimer>
+#include <atomic>
+#include <thread>
 
 void ShowPrintOutcome(QWidget* parent, const PrintOutcome& outcome) {
     if (outcome.ok()) return;
@@ -29,6 +35,98 @@ void RunPrint(QWidget* parent, const QString& procedure, const QString& form,
     }
     QGuiApplication::restoreOverrideCursor();
     ShowPrintOutcome(parent, outcome);
+}
+
+namespace {
+std::atomic<int> running{0};
+
+// One background batch: its deliveries and what has come back of them.
+struct Batch {
+    QPointer<QWidget> parent;
+    QList<PrintQueue::Delivery> deliveries;
+    PrintOutcome outcome;
+    QList<bool> ended;
+    bool reported = false;
+    QString procedure, form;
+
+    void report() {
+        if (reported) return;
+        reported = true;
+        --running;
+        ShowPrintOutcome(parent, outcome);
+    }
+};
+
+void recordEnd(const std::shared_ptr<Batch>& b, int i, const QString& error) {
+    if (b->ended[i]) return;
+    b->ended[i] = true;
+    const PrintQueue::Delivery& d = b->deliveries[i];
+    try {
+        PrintQueue::Record(d, error);
+    } catch (const DbError& e) {
+        if (!b->reported) Msg::critical(b->parent, e.message(b->procedure, b->form));
+    }
+    if (!error.isEmpty() && !b->reported)
+        b->outcome.failures << PrintFailure{d.jobID, d.target, d.caption, error};
+    if (std::all_of(b->ended.begin(), b->ended.end(), [](bool e) { return e; })) b->report();
+}
+} // namespace
+
+void SendInBackground(QWidget* parent, const QStringList& jobs, const QString& procedure, const QString& form,
+                      int timeoutMs) {
+    auto b = std::make_shared<Batch>();
+    b->parent = parent;
+    b->procedure = procedure;
+    b->form = form;
+    try {
+        for (const QString& id : jobs) {
+            if (id.isEmpty()) continue;
+            b->outcome.jobs << id;
+            if (std::optional<PrintQueue::Delivery> d = PrintQueue::Prepare(id))
+                b->deliveries << *d;
+            else
+                b->outcome.failures << PrintFailure{id, QString(), id,
+                                                    QStringLiteral("打印队列中没有这个单据")};
+        }
+    } catch (const DbError& e) {
+        Msg::critical(parent, e.message(procedure, form));
+        return;
+    }
+    ++running;
+    b->ended = QList<bool>(b->deliveries.size(), false);
+    if (b->deliveries.isEmpty()) {
+        b->report();
+        return;
+    }
+    QObject* home = QCoreApplication::instance();
+    std::thread([b, home, deliveries = b->deliveries] {
+        for (int i = 0; i < deliveries.size(); ++i) {
+            const QString error = PrintQueue::Deliver(deliveries[i]);
+            QMetaObject::invokeMethod(
+                home, [b, i, error] { recordEnd(b, i, error); }, Qt::QueuedConnection);
+        }
+    }).detach();
+    QTimer::singleShot(timeoutMs, home, [b] {
+        if (b->reported) return;
+        // Still waiting: tell the cashier now; the jobs are recorded when they end.
+        for (int i = 0; i < b->deliveries.size(); ++i)
+            if (!b->ended[i]) {
+                const PrintQueue::Delivery& d = b->deliveries[i];
+                b->outcome.failures << PrintFailure{d.jobID, d.target, d.caption,
+                                                    QStringLiteral("打印机没有响应")};
+            }
+        b->report();
+    });
+}
+
+bool WaitForPrinting(int ms) {
+    QDeadlineTimer deadline(ms);
+    while (running > 0) {
+        if (deadline.hasExpired()) return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(2);
+    }
+    return true;
 }
 
 namespace {

@@ -15,6 +15,15 @@ void ShowPrintOutcome(QWidget* parent, const PrintOutcome& outcome);
 void RunPrint(QWidget* parent, const QString& procedure, const QString& form,
               const std::function<PrintOutcome()>& print);
 
+// Sends stored jobs off the window's thread, so a printer that hangs never holds up the
+// till. Each outcome is recorded on its job; the failures are shown once all jobs are done,
+// or as soon as the printers have not answered for `timeoutMs` (those jobs stay in the
+// queue for a reprint, and are recorded as they end).
+void SendInBackground(QWidget* parent, const QStringList& jobs, const QString& procedure, const QString& form,
+                      int timeoutMs = 20000);
+// Waits, serving events, until no background print runs or `ms` have passed; false then.
+bool WaitForPrinting(int ms = 30000);
+
 // Installs the printing of the opening slip (rooms), the order tickets (ordering) and the
 // top-up receipt (members). The program does it at start.
 void InstallPrinting();

@@ -25,6 +25,13 @@ PrintOutcome PrintBill(const QString& expenseID, bool isEnd, Db& db) {
                         db);
 }
 
+QString QueueBill(const QString& expenseID, bool isEnd, Db& db) {
+    const std::optional<Receipt> r = BillSlip(expenseID, isEnd, db);
+    if (!r) return {};
+    return PrintQueue::Enqueue(PrintRole::Bill, *r, isEnd ? EndBillCopies(db) : 1,
+                               {expenseID, roomOf(expenseID, db), {}}, db);
+}
+
 PrintOutcome PrintExpenseList(const QString& expenseID, Db& db) {
     const std::optional<Receipt> r = BillSlip(expenseID, false, db);
     if (!r) return missing(QStringLiteral("消费清单 ") + expenseID);

@@ -13,6 +13,10 @@
 // running bill, one copy.
 PrintOutcome PrintBill(const QString& expenseID, bool isEnd, Db& db = DB());
 
+// Queues the bill's slip as PrintBill would, without sending it: inside a transaction the
+// job is part of it. Returns the job's key, empty when the bill is gone.
+QString QueueBill(const QString& expenseID, bool isEnd, Db& db = DB());
+
 // The board's "打印清单": the running bill, after which the bill's Other2 is "1" (the goods
 // list was printed), set together with the job.
 PrintOutcome PrintExpenseList(const QString& expenseID, Db& db = DB());

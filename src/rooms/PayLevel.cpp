@@ -1,4 +1,5 @@
 #include "PayLevel.h"
+#include "Gateway.h"
 #include "AppState.h"
 #include "Clock.h"
 #include "Log.h"
@@ -52,7 +53,7 @@ QString save(const QString& id, const PayLevelInput& in, Db& db) {
     return db.write([&]() -> QString {
         QString key = id;
         if (key.isEmpty()) {
-            key = NewID();
+            key = FreshKey(QStringLiteral("PayLevel"), QStringLiteral("PayLevelID"), db);
             db.exec(QStringLiteral("INSERT INTO PayLevel (PayLevelID, Unit) VALUES (?, 10)"), {key});
         } else if (db.scalar(QStringLiteral("select count(*) from PayLevel where PayLevelID=?"), {key}).toInt() == 0) {
             return QString();

@@ -35,19 +35,19 @@ Opened RoomUseService::open(const OpenHouseInput& in) {
     // The stay starts on the whole minute.
     const QDateTime now = Now();
     const QString openTime = TimeText(now);
-    for (int attempt = 1;; ++attempt) {
-        try {
-            Transaction t(m_db);
+    try {
+        return m_db.write([&]() -> Opened {
             const Rows room = fThe(m_db).GetLinkByID(in.theID);
             if (room.isEmpty())
-                return {{},
-                        Refusal::warning(QStringLiteral("没有找到这包厢，请检查这个包厢是否被别人删除了！"))};
+                return m_db.discard(Opened{
+                    {},
+                    Refusal::warning(QStringLiteral("没有找到这包厢，请检查这个包厢是否被别人删除了！"))});
             const Row r = room.first();
             const qint64 state = r.integer(QStringLiteral("State"));
             const QString other1 = r.text(QStringLiteral("Other1"));
             const QString status = RoomStatus(state, other1, now).key;
             if (status != QLatin1String("Common") && status != QLatin1String("Reservation"))
-                return {{}, Refusal::warning(RoomText::stateChanged())};
+                return m_db.discard(Opened{{}, Refusal::warning(RoomText::stateChanged())});
 
             const QString id = FreshKey(QStringLiteral("Expense"), QStringLiteral("ExpenseID"), m_db);
             m_db.exec(
@@ -63,17 +63,16 @@ Opened RoomUseService::open(const OpenHouseInput& in) {
             if (m_db.exec(QStringLiteral("update The set State=1, ExpenseID=? where TheID=? and State=? and "
                                          "coalesce(Other1,'')=?"),
                           {id, in.theID, state, other1}) == 0)
-                return {{}, Refusal::warning(RoomText::stateChanged())};
-            t.commit();
-            return {id, std::nullopt};
-        } catch (const DbError& e) {
-            if (m_db.mayRetry(e, attempt)) continue;
-            if (m_db.dialect().isUniqueViolation(e)) return {{}, Refusal::warning(RoomText::stateChanged())};
-            return {{},
-                    Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmOpenHouse")),
-                            {},
-                            Msg::Icon::None}};
-        }
+                return m_db.discard(Opened{{}, Refusal::warning(RoomText::stateChanged())});
+            return Opened{id, std::nullopt};
+        });
+    } catch (const DbError& e) {
+        // The room's one open bill, made on another workstation at the same moment.
+        if (m_db.dialect().isUniqueViolation(e)) return {{}, Refusal::warning(RoomText::stateChanged())};
+        return {{},
+                Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmOpenHouse")),
+                        {},
+                        Msg::Icon::None}};
     }
 }
 
@@ -95,66 +94,108 @@ Refused RoomUseService::change(const HouseChangeInput& in) {
         // The stored state decides: a lock that has run out on the board still counts.
         if (target.first().integer(QStringLiteral("State")) != 0)
             return Refusal(RoomUseText::newRoomTaken(), field);
+        const QString newID = target.first().text(QStringLiteral("TheID"));
+        const Rows old = fThe(m_db).GetLinkByHouseCode(in.oldHouseCode);
+        if (old.isEmpty()) return Refusal::warning(RoomUseText::billClosed());
+        const QString oldID = old.first().text(QStringLiteral("TheID"));
 
-        Transaction t(m_db);
-        if (m_db.exec(QStringLiteral("update The set State=1, ExpenseID=? where TheCode=? and State=0"),
-                      {in.expenseID, code}) == 0)
-            return Refusal(RoomUseText::newRoomTaken(), field);
-        const Row to = fThe(m_db).GetLinkByHouseCode(code).first();
-        // The old room is freed only while it still holds this bill; it gets no lock.
-        m_db.exec(QStringLiteral(
-                      "update The set State=0, ExpenseID='' where TheCode=? and State=1 and ExpenseID=?"),
-                  {in.oldHouseCode, in.expenseID});
+        return m_db.write([&]() -> Refused {
+            // The bill first: still open and still in the room the dialog showed.
+            const Rows bill = m_db.query(
+                QStringLiteral("select Description from Expense where ExpenseID=? and State=1 and TheID=?"),
+                {in.expenseID, oldID});
+            if (bill.isEmpty() ||
+                m_db.exec(
+                    QStringLiteral("update Expense set State=1 where ExpenseID=? and State=1 and TheID=?"),
+                    {in.expenseID, oldID}) == 0)
+                return m_db.discard(Refused(Refusal::warning(RoomUseText::billClosed())));
+            // Then both rooms, in key order: the old one only while it still holds the bill (it
+            // gets no lock), the new one only while it is free.
+            const auto freeOld = [&] {
+                return m_db.exec(
+                           QStringLiteral("update The set State=0, ExpenseID='' where TheID=? and State=1 "
+                                          "and ExpenseID=?"),
+                           {oldID, in.expenseID}) == 1;
+            };
+            const auto takeNew = [&] {
+                return m_db.exec(
+                           QStringLiteral("update The set State=1, ExpenseID=? where TheID=? and State=0"),
+                           {in.expenseID, newID}) == 1;
+            };
+            const bool oldFirst = oldID < newID;
+            if (oldFirst && !freeOld())
+                return m_db.discard(Refused(Refusal::warning(RoomUseText::billClosed())));
+            if (!takeNew()) return m_db.discard(Refused(Refusal(RoomUseText::newRoomTaken(), field)));
+            if (!oldFirst && !freeOld())
+                return m_db.discard(Refused(Refusal::warning(RoomUseText::billClosed())));
 
-        const Rows bill = m_db.query(
-            QStringLiteral("select Description from Expense where ExpenseID=? and State=1"), {in.expenseID});
-        if (bill.isEmpty()) return Refusal::warning(RoomUseText::billClosed());
-        const QString oldDesc = bill.first().text(QStringLiteral("Description"));
-        const QString desc =
-            in.description.trimmed().isEmpty() ? oldDesc : oldDesc + QStringLiteral("\r\n") + in.description;
-        m_db.exec(QStringLiteral("update Expense set Description=?, TheID=?, PayLevelID=?, openOperator=? "
-                                 "where ExpenseID=? and State=1"),
-                  {desc, to.text(QStringLiteral("TheID")), to.text(QStringLiteral("PayLevelID")),
-                   App().CurrentOperatorName, in.expenseID});
-        WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("日常营业"), QStringLiteral("更换包厢"), 2,
-                 true,
-                 QStringLiteral("消费单(") + in.expenseID + QStringLiteral(")由包厢") + in.oldHouseCode +
-                     QStringLiteral("换台为") + code,
-                 m_db);
-        t.commit();
-        return std::nullopt;
+            const QString oldDesc = bill.first().text(QStringLiteral("Description"));
+            const QString desc = in.description.trimmed().isEmpty()
+                                     ? oldDesc
+                                     : oldDesc + QStringLiteral("\r\n") + in.description;
+            m_db.exec(
+                QStringLiteral("update Expense set Description=?, TheID=?, PayLevelID=?, openOperator=? "
+                               "where ExpenseID=? and State=1"),
+                {desc, newID, target.first().text(QStringLiteral("PayLevelID")), App().CurrentOperatorName,
+                 in.expenseID});
+            WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("日常营业"), QStringLiteral("更换包厢"),
+                     2, true,
+                     QStringLiteral("消费单(") + in.expenseID + QStringLiteral(")由包厢") + in.oldHouseCode +
+                         QStringLiteral("换台为") + code,
+                     m_db);
+            return std::nullopt;
+        });
     } catch (const DbError& e) {
         return Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouseChange")));
     }
 }
 
 Refused RoomUseService::merge(const QString& fromCode, const QString& intoCode) {
+    const QString runningRoom =
+        QStringLiteral("select TheID, ExpenseID from The where State=1 and TheCode=?");
     try {
-        Transaction t(m_db);
-        const QString runningRoom =
-            QStringLiteral("select TheID, ExpenseID from The where State=1 and TheCode=?");
-        const Rows from = m_db.query(runningRoom, {fromCode});
-        if (from.isEmpty()) return mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"));
-        const QString source = from.first().text(QStringLiteral("ExpenseID"));
-        // The merged room gets no lock.
-        if (m_db.exec(QStringLiteral(
-                          "update The set State=0, ExpenseID='' where TheID=? and State=1 and ExpenseID=?"),
-                      {from.first().text(QStringLiteral("TheID")), source}) == 0)
-            return mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"));
+        return m_db.write([&]() -> Refused {
+            const Rows from = m_db.query(runningRoom, {fromCode});
+            if (from.isEmpty())
+                return m_db.discard(
+                    Refused(mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"))));
+            const QString fromRoom = from.first().text(QStringLiteral("TheID"));
+            const QString source = from.first().text(QStringLiteral("ExpenseID"));
+            // The same room in both boxes has nothing to merge into.
+            const Rows into = fromCode.trimmed().compare(intoCode.trimmed(), Qt::CaseInsensitive) == 0
+                                  ? Rows()
+                                  : m_db.query(runningRoom, {intoCode});
+            if (into.isEmpty() || into.first().text(QStringLiteral("TheID")) == fromRoom)
+                return m_db.discard(
+                    Refused(mergeRefused(RoomUseText::mergeIntoWrong(), QStringLiteral("txt2"))));
+            const QString target = into.first().text(QStringLiteral("ExpenseID"));
 
-        // The same room in both boxes is free by now and so not found here.
-        const Rows into = m_db.query(runningRoom, {intoCode});
-        if (into.isEmpty()) return mergeRefused(RoomUseText::mergeIntoWrong(), QStringLiteral("txt2"));
-        const QString target = into.first().text(QStringLiteral("ExpenseID"));
-        // Both bills must still be open; touching the target row also holds it until the commit.
-        if (m_db.exec(QStringLiteral("update Expense set State=1 where ExpenseID=? and State=1"), {target}) ==
-            0)
-            return mergeRefused(RoomUseText::mergeIntoWrong(), QStringLiteral("txt2"));
-        m_db.exec(QStringLiteral("update ExpenseDetail set ExpenseID=? where ExpenseID=?"), {target, source});
-        if (m_db.exec(QStringLiteral("delete from Expense where ExpenseID=? and State=1"), {source}) == 0)
-            return mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"));
-        t.commit();
-        return std::nullopt;
+            // Both bills first, in key order, each only while still open in the room read
+            // above; two merges crossing each other then queue instead of deadlocking.
+            const auto hold = [&](const QString& bill, const QString& room) {
+                return m_db.exec(
+                           QStringLiteral("update Expense set State=1 where ExpenseID=? and State=1 and "
+                                          "TheID=?"),
+                           {bill, room}) == 1;
+            };
+            const QString intoRoom = into.first().text(QStringLiteral("TheID"));
+            const bool sourceFirst = source < target;
+            if (!hold(sourceFirst ? source : target, sourceFirst ? fromRoom : intoRoom) ||
+                !hold(sourceFirst ? target : source, sourceFirst ? intoRoom : fromRoom))
+                return m_db.discard(
+                    Refused(mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"))));
+            // The merged room gets no lock.
+            if (m_db.exec(
+                    QStringLiteral(
+                        "update The set State=0, ExpenseID='' where TheID=? and State=1 and ExpenseID=?"),
+                    {fromRoom, source}) == 0)
+                return m_db.discard(
+                    Refused(mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"))));
+            m_db.exec(QStringLiteral("update ExpenseDetail set ExpenseID=? where ExpenseID=?"),
+                      {target, source});
+            m_db.exec(QStringLiteral("delete from Expense where ExpenseID=? and State=1"), {source});
+            return std::nullopt;
+        });
     } catch (const DbError& e) {
         return Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmExpenseAmalgamate")));
     }

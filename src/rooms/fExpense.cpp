@@ -79,6 +79,25 @@ QString fExpense::GetProcurePriceByID(const QString& id) const {
     return r.first().money(QStringLiteral("Procure")).toString2();
 }
 
+BillSnapshot fExpense::Snapshot(const QString& id) const {
+    BillSnapshot s;
+    const Rows bill =
+        m_db.query(QStringLiteral("select TheID, PayLevelID from Expense where ExpenseID=?"), {id});
+    if (bill.isEmpty()) return s;
+    s.theID = bill.first().text(QStringLiteral("TheID"));
+    s.payLevelID = bill.first().text(QStringLiteral("PayLevelID"));
+    const Row lines =
+        m_db.query(QStringLiteral("select count(*) as n, sum(case when isDel<>1 then 1 else 0 end) "
+                                  "as live, sum(case when isDel<>1 then OughtMoney else 0 end) as "
+                                  "owed from ExpenseDetail where ExpenseID=?"),
+                   {id})
+            .first();
+    s.lines = lines.integer(QStringLiteral("n"));
+    s.liveLines = lines.integer(QStringLiteral("live"));
+    s.owed = lines.money(QStringLiteral("owed"));
+    return s;
+}
+
 void fExpense::GetByIDCurrency(const QString& id, const QDateTime& closeTime, Money& goodsMoney,
                                Money& roomMoney) const {
     // An unknown bill is priced from the zero date with no tariff, and so costs nothing.

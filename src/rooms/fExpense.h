@@ -4,6 +4,16 @@
 #include <QDateTime>
 #include <QString>
 
+// What a window saw of a bill: its room, its tariff and its lines (every line ever written,
+// the live ones and what those are owed). A commit that depends on what the window showed
+// compares this again inside its transaction, after the bill row is held.
+struct BillSnapshot {
+    QString theID, payLevelID;
+    qint64 lines = 0, liveLines = 0;
+    Money owed;
+    bool operator==(const BillSnapshot&) const = default;
+};
+
 // The bills (Expense) and what a bill costs so far. Stateless: make one where needed.
 // A condition is SQL text with ? placeholders; its values come in `params`, never in the text.
 class fExpense {
@@ -20,6 +30,9 @@ public:
     Rows GetLinkByTheID(const QString& theID) const;
     // What the bill's live lines are still owed above their income, as "0.00".
     QString GetProcurePriceByID(const QString& id) const;
+
+    // The bill as it stands now; an empty snapshot when it is gone.
+    BillSnapshot Snapshot(const QString& id) const;
 
     // Goods and room charge of bill `id` if it closed at `closeTime`. The room charge is
     // computed afresh from the bill's opening time and its tariff; nothing is stored. A

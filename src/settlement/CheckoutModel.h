@@ -116,6 +116,13 @@ inline QString codeOrPasswordWrong() {
 inline QString notSaved() {
     return QStringLiteral("结帐数据没有保存成功，请重试！");
 }
+inline QString billAltered() {
+    return QStringLiteral("这张单据在打开结帐窗口后有了变动（加单、退单或换台），本次结帐没有保存！\n"
+                          "窗口已按最新的单据重新计算，请核对后再结帐。");
+}
+inline QString balanceShort() {
+    return QStringLiteral("您输入的储值卡消费金额大于储值卡剩余金额，请重新输入！");
+}
 inline QString roomGone() {
     return QStringLiteral("没有找到这包厢，请检查这个包厢是否已被删除！");
 }

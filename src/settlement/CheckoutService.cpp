@@ -3,6 +3,7 @@
 #include "Clock.h"
 #include "Format.h"
 #include "MemberService.h"
+#include "Printing.h"
 #include "fExpense.h"
 
 std::optional<CheckoutBill> CheckoutService::load(const QString& expenseID, const QDateTime& closeTime,
@@ -30,6 +31,7 @@ std::optional<CheckoutBill> CheckoutService::load(const QString& expenseID, cons
     // A deferred bill keeps the room charge fixed when it was deferred.
     if (deferred) b.room = r.money(QStringLiteral("theMoney"));
     b.cost = Money::fromText(bills.GetProcurePriceByID(expenseID));
+    b.seen = bills.Snapshot(expenseID);
     return b;
 }
 
@@ -96,14 +98,19 @@ CheckoutDone CheckoutService::close(const CheckoutInput& in) {
                            : QStringLiteral(" where ExpenseID=? and State=1");
     values << in.expenseID;
 
-    CheckoutDone done;
-    for (int attempt = 1;; ++attempt) {
-        try {
-            Transaction t(m_db);
+    try {
+        return m_db.write([&]() -> CheckoutDone {
+            CheckoutDone done;
+            // Lock order: the bill, its room, the member.
             if (m_db.exec(sql, values) == 0) {
                 done.billChanged = true;
                 done.refusal = Refusal::warning(CheckoutText::billChanged());
-                return done;
+                return m_db.discard(done);
+            }
+            if (in.seen && fExpense(m_db).Snapshot(in.expenseID) != *in.seen) {
+                done.billAltered = true;
+                done.refusal = Refusal::warning(CheckoutText::billAltered());
+                return m_db.discard(done);
             }
             const QString theID =
                 m_db.scalar(QStringLiteral("select TheID from Expense where ExpenseID=?"), {in.expenseID})
@@ -111,7 +118,7 @@ CheckoutDone CheckoutService::close(const CheckoutInput& in) {
             if (m_db.query(QStringLiteral("select TheID from The where TheID=?"), {theID}).isEmpty()) {
                 done.roomMissing = true;
                 done.refusal = Refusal::warning(CheckoutText::roomGone());
-                return done;
+                return m_db.discard(done);
             }
             const int lockTime = App().LockTime;
             const int state = lockTime > 0 ? 4 : 0;
@@ -121,20 +128,30 @@ CheckoutDone CheckoutService::close(const CheckoutInput& in) {
                 m_db.exec(QStringLiteral("update The set State=?, Other1=?, ExpenseID='' where TheID=? and "
                                          "ExpenseID=?"),
                           {state, lockEnd, theID, in.expenseID}) > 0;
-            if (!in.memberCode.isEmpty() &&
-                !MemberService(m_db).settle(in.memberCode, a.sumPay, a.chongzhiPay)) {
-                done.refusal = Refusal::warning(CheckoutText::notSaved());
-                return done;
+            if (!in.memberCode.isEmpty()) {
+                switch (MemberService(m_db).settle(in.memberCode, a.sumPay, a.chongzhiPay)) {
+                case MemberService::Settled::Done:
+                    break;
+                case MemberService::Settled::BalanceShort:
+                    done.balanceShort = true;
+                    done.refusal = Refusal(CheckoutText::balanceShort(), QStringLiteral("txtChongzhiD"));
+                    return m_db.discard(done);
+                case MemberService::Settled::MemberGone:
+                    done.refusal = Refusal::warning(CheckoutText::notSaved());
+                    return m_db.discard(done);
+                }
             }
-            t.commit();
+            // The slip is queued with the sale, so a sale is never without its slip; it is
+            // sent after the commit.
+            if (in.print) done.printJob = QueueBill(in.expenseID, true, m_db);
             done.saved = true;
             done.theID = theID;
             done.roomState = roomFreed ? state : -1;
             return done;
-        } catch (const DbError& e) {
-            if (m_db.mayRetry(e, attempt)) continue;
-            done.refusal = Refusal::warning(CheckoutText::notSaved());
-            return done;
-        }
+        });
+    } catch (const DbError&) {
+        CheckoutDone done;
+        done.refusal = Refusal::warning(CheckoutText::notSaved());
+        return done;
     }
 }

@@ -3,6 +3,7 @@
 #include "Db.h"
 #include "Money.h"
 #include "Refusal.h"
+#include "fExpense.h"
 #include <QDateTime>
 #include <QString>
 #include <optional>
@@ -17,6 +18,7 @@ struct CheckoutBill {
     qint64 state = 1, voucherState = 0;
     Money goods, room;
     Money cost; // what the live lines cost the venue, in cents
+    BillSnapshot seen; // what the window shows, for the commit to compare
 };
 
 // What the window commits for a bill.
@@ -29,6 +31,10 @@ struct CheckoutInput {
     Money theMoney; // the room charge shown
     CheckoutAmounts amounts;
     QString memberCode; // the member found for the typed code, credited at the commit; empty: none
+    // The bill as the window loaded it: the commit refuses when its lines, room or tariff
+    // changed since. Nothing: not compared.
+    std::optional<BillSnapshot> seen;
+    bool print = false; // queue the settled bill's slip with the commit
 };
 
 struct CheckoutDone {
@@ -39,6 +45,13 @@ struct CheckoutDone {
     bool billChanged = false;
     // The bill's room was not found: nothing was written.
     bool roomMissing = false;
+    // The bill's lines, room or tariff changed since the window loaded it: nothing was
+    // written, the window loads the bill again.
+    bool billAltered = false;
+    // The card no longer holds the stored value to be paid: nothing was written, the window
+    // reads the balance again.
+    bool balanceShort = false;
+    QString printJob; // the queued slip of the settled bill, sent after the commit
     QString theID;
     int roomState = -1; // 0 free, 4 locked, -1 left alone (it no longer pointed at the bill)
 };
@@ -61,9 +74,11 @@ class CheckoutService {
     Rows deferredBills(const QString& jzr) const;
 
     // Closes the bill in one transaction: the bill's closing fields, its room freed or
-    // locked for LockTime minutes, the member's points, spending and stored value. The bill
-    // is written only while it is still open (or still deferred, for a deferred bill); its
-    // room only while the room still points at the bill.
+    // locked for LockTime minutes, the member's points, spending and stored value, and the
+    // bill's slip in the print queue when asked. The bill is written only while it is still
+    // open (or still deferred, for a deferred bill) and still what the window saw; its room
+    // only while the room still points at the bill; the card only while it holds the
+    // stored value paid.
     CheckoutDone close(const CheckoutInput& in);
 
   private:

@@ -167,6 +167,7 @@ void frmCloseHouse::LoadBill() {
         m_goodsMoney = bill->goods;
         m_roomMoney = bill->room;
         m_cost = bill->cost;
+        m_seen = bill->seen;
         ui->lblID->setText(bill->expenseID);
         ui->lblMarkerCode->setText(bill->markerCode);
         ui->lblHouse->setText(bill->theCode);
@@ -321,6 +322,8 @@ void frmCloseHouse::SaveData() {
     in.theMoney = m_roomMoney;
     in.amounts = m_model.amounts(m_closeMode, Money::fromText(ui->lvwDetail->property("tag").toString()));
     if (!in.customerCode.isEmpty() && m_model.memberFound) in.memberCode = m_model.member.code;
+    in.seen = m_seen;
+    in.print = ui->chkPrint->isChecked();
 
     // One commit at a time: a double press must not close twice.
     const QList<QPushButton*> buttons{ui->OKButton, ui->cmdFreeMoney, ui->cmdPayAfter};
@@ -338,15 +341,25 @@ void frmCloseHouse::SaveData() {
         if (done.roomMissing) Msg::warn(this, CheckoutText::notSaved());
         // Settled or removed elsewhere: nothing is left to do here.
         if (done.billChanged) reject();
+        // Changed since it was loaded: show the bill as it is now, with the member kept.
+        if (done.billAltered) {
+            LoadBill();
+            if (m_model.memberFound) LoadMember();
+        }
+        // The card was spent elsewhere: show what it holds now.
+        if (done.balanceShort) {
+            LoadMember();
+            ui->txtChongzhiD->setFocus(Qt::OtherFocusReason);
+            ui->txtChongzhiD->selectAll();
+        }
         return;
     }
     m_saved = true;
     m_closedTheID = done.theID;
-    if (ui->chkPrint->isChecked()) {
-        const QString id = m_expenseID;
-        RunPrint(this, QStringLiteral("SaveData"), QLatin1String(FormName),
-                 [id] { return PrintBill(id, true); });
-    }
+    // The slip went into the queue with the sale; it is printed without holding the till.
+    if (!done.printJob.isEmpty())
+        SendInBackground(parentWidget(), {done.printJob}, QStringLiteral("SaveData"),
+                         QLatin1String(FormName));
     accept();
 }
 
@@ -371,6 +384,7 @@ void frmCloseHouse::cmdPayAfter_Click() {
 void frmCloseHouse::clearBill() {
     m_expenseID.clear();
     m_theID.clear();
+    m_seen.reset();
     m_goodsMoney = m_roomMoney = m_cost = Money();
     m_model.clearMember();
     m_model.memberFound = false;

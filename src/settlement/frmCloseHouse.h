@@ -1,4 +1,6 @@
 #pragma once
+#include "fExpense.h"
+#include <optional>
 #include "CheckoutModel.h"
 #include "Money.h"
 #include <QDateTime>
@@ -65,4 +67,5 @@ class frmCloseHouse : public QDialog {
     bool m_loadedDeferred = false; // the bill on the window is a deferred one
     QDateTime m_closeTag;          // the closing time as the window opened it
     QString m_closedTheID;
+    std::optional<BillSnapshot> m_seen; // the bill as loaded, compared at the commit
 };

@@ -2,15 +2,19 @@
 #include "Dialect.h"
 #include "Format.h"
 #include "Val.h"
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <QRegularExpression>
+#include <QThread>
 #include <QUuid>
 
 QString DbError::message(const QString& procedure, const QString& form, const QString& kind) const {
-    return QStringLiteral("Error %1 (%2) in procedure %3 of %4 %5").arg(number).arg(description, procedure, kind, form);
+    return QStringLiteral("Error %1 (%2) in procedure %3 of %4 %5")
+        .arg(number)
+        .arg(description, procedure, kind, form);
 }
 
 DbConfig DbConfig::fromPgString(const QString& conn) {
@@ -21,11 +25,16 @@ DbConfig DbConfig::fromPgString(const QString& conn) {
         if (eq < 0) continue;
         const QString k = part.left(eq).trimmed().toLower();
         const QString v = part.mid(eq + 1).trimmed();
-        if (k == QLatin1String("host")) c.host = v;
-        else if (k == QLatin1String("port")) c.port = v.toInt();
-        else if (k == QLatin1String("user")) c.user = v;
-        else if (k == QLatin1String("password")) c.password = v;
-        else if (k == QLatin1String("dbname")) c.name = v;
+        if (k == QLatin1String("host"))
+            c.host = v;
+        else if (k == QLatin1String("port"))
+            c.port = v.toInt();
+        else if (k == QLatin1String("user"))
+            c.user = v;
+        else if (k == QLatin1String("password"))
+            c.password = v;
+        else if (k == QLatin1String("dbname"))
+            c.name = v;
     }
     return c;
 }
@@ -64,9 +73,15 @@ int RowsData::column(const QString& name) const {
     return *it;
 }
 
-QVariant Row::value(const QString& c) const { return m_rows->data[size_t(m_index)][size_t(m_rows->column(c))]; }
-bool Row::has(const QString& c) const { return m_rows->index.contains(c.toLower()); }
-bool Row::isNull(const QString& c) const { return value(c).isNull(); }
+QVariant Row::value(const QString& c) const {
+    return m_rows->data[size_t(m_index)][size_t(m_rows->column(c))];
+}
+bool Row::has(const QString& c) const {
+    return m_rows->index.contains(c.toLower());
+}
+bool Row::isNull(const QString& c) const {
+    return value(c).isNull();
+}
 
 QString Row::text(const QString& c) const {
     const QVariant v = value(c);
@@ -120,7 +135,9 @@ QString Row::date(const QString& c) const {
     return s.isEmpty() ? QLatin1String(DateSentinel) : s;
 }
 
-QByteArray Row::bytes(const QString& c) const { return value(c).toByteArray(); }
+QByteArray Row::bytes(const QString& c) const {
+    return value(c).toByteArray();
+}
 
 // ---- Db ----
 
@@ -128,7 +145,9 @@ Db::Db(QString connectionName) : m_name(std::move(connectionName)) {
     if (m_name.isEmpty()) m_name = QUuid::createUuid().toString(QUuid::WithoutBraces);
 }
 
-Db::~Db() { close(); }
+Db::~Db() {
+    close();
+}
 
 Db& Db::main() {
     // Never destroyed: it must not outlive Qt SQL's own globals at exit.
@@ -136,9 +155,13 @@ Db& Db::main() {
     return *db;
 }
 
-QSqlDatabase Db::handle() const { return QSqlDatabase::database(m_name, false); }
+QSqlDatabase Db::handle() const {
+    return QSqlDatabase::database(m_name, false);
+}
 
-bool Db::isOpen() const { return QSqlDatabase::contains(m_name) && handle().isOpen(); }
+bool Db::isOpen() const {
+    return QSqlDatabase::contains(m_name) && handle().isOpen();
+}
 
 void Db::open(const DbConfig& config) {
     close();
@@ -181,7 +204,8 @@ void Db::open(const DbConfig& config) {
 }
 
 void Db::close() {
-    for (QSqlQuery* q : std::as_const(m_cache)) delete q;
+    for (QSqlQuery* q : std::as_const(m_cache))
+        delete q;
     m_cache.clear();
     m_depth = 0;
     if (QSqlDatabase::contains(m_name)) {
@@ -204,7 +228,8 @@ QSqlQuery& Db::prepared(const QString& sql) {
         throw e;
     }
     if (m_cache.size() > 400) {
-        for (QSqlQuery* old : std::as_const(m_cache)) delete old;
+        for (QSqlQuery* old : std::as_const(m_cache))
+            delete old;
         m_cache.clear();
     }
     m_cache.insert(sql, q);
@@ -213,7 +238,8 @@ QSqlQuery& Db::prepared(const QString& sql) {
 
 void Db::run(QSqlQuery& q, const QString& sql, const Params& params) {
     Q_UNUSED(sql);
-    for (int i = 0; i < params.size(); ++i) q.bindValue(i, params[i].value());
+    for (int i = 0; i < params.size(); ++i)
+        q.bindValue(i, params[i].value());
     if (!q.exec()) {
         DbError e = errorOf(q.lastError());
         q.finish();
@@ -225,8 +251,9 @@ void Db::run(QSqlQuery& q, const QString& sql, const Params& params) {
 namespace {
 // Statements a server will not prepare; they never carry values.
 bool isUtility(const QString& sql) {
-    static const QRegularExpression re(QStringLiteral("^\\s*(SET|CREATE|DROP|ALTER|PRAGMA|VACUUM|ANALYZE)\\b"),
-                                       QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression re(
+        QStringLiteral("^\\s*(SET|CREATE|DROP|ALTER|PRAGMA|VACUUM|ANALYZE)\\b"),
+        QRegularExpression::CaseInsensitiveOption);
     return re.match(sql).hasMatch();
 }
 } // namespace
@@ -263,7 +290,8 @@ Rows Db::query(const QString& sql, const Params& params) {
     while (q.next()) {
         std::vector<QVariant> r;
         r.reserve(size_t(n));
-        for (int i = 0; i < n; ++i) r.push_back(q.value(i));
+        for (int i = 0; i < n; ++i)
+            r.push_back(q.value(i));
         rows.m_d->data.push_back(std::move(r));
     }
     q.finish();
@@ -277,7 +305,8 @@ QVariant Db::scalar(const QString& sql, const Params& params) {
 }
 
 void Db::execScript(const QString& script) {
-    const QStringList parts = script.split(QRegularExpression(QStringLiteral(";\\s*\\n")), Qt::SkipEmptyParts);
+    const QStringList parts =
+        script.split(QRegularExpression(QStringLiteral(";\\s*\\n")), Qt::SkipEmptyParts);
     for (QString stmt : parts) {
         // Drop comment lines.
         QStringList lines;
@@ -328,9 +357,13 @@ void Db::rollback() {
     q.exec(QStringLiteral("ROLLBACK"));
 }
 
-bool Db::retryable(const DbError& e) const { return m_dialect && m_dialect->isRetryable(e); }
+bool Db::retryable(const DbError& e) const {
+    return m_dialect && m_dialect->isRetryable(e);
+}
 
-Transaction::Transaction(Db& db) : m_db(db) { m_db.begin(); }
+Transaction::Transaction(Db& db) : m_db(db) {
+    m_db.begin();
+}
 
 Transaction::~Transaction() {
     if (!m_done) m_db.rollback();
@@ -342,6 +375,12 @@ void Transaction::commit() {
 }
 
 bool Db::mayRetry(const DbError& e, int attempt) const {
-    constexpr int Attempts = 5;
-    return attempt < Attempts && (m_dialect->isUniqueViolation(e) || m_dialect->isRetryable(e));
+    return attempt < WriteAttempts && m_dialect &&
+           (m_dialect->isUniqueViolation(e) || m_dialect->isRetryable(e));
+}
+
+void Db::backOff(int attempt) const {
+    // A short, growing, random pause keeps two workstations that just met from meeting again.
+    const int ceiling = std::min(5 << attempt, 200);
+    QThread::msleep(unsigned(QRandomGenerator::global()->bounded(1, ceiling + 1)));
 }

@@ -13,25 +13,26 @@ class Dialect;
 
 // A database failure, carried up to the service that turns it into the user's message.
 class DbError : public std::exception {
-public:
+  public:
     DbError(int number, QString description, QString nativeCode = {})
         : number(number), description(std::move(description)), nativeCode(std::move(nativeCode)),
           m_what(this->description.toUtf8()) {}
     const char* what() const noexcept override { return m_what.constData(); }
     // "Error <number> (<description>) in procedure <proc> of Form <form>"
-    QString message(const QString& procedure, const QString& form, const QString& kind = QStringLiteral("Form")) const;
+    QString message(const QString& procedure, const QString& form,
+                    const QString& kind = QStringLiteral("Form")) const;
 
     int number;
     QString description;
     QString nativeCode;
 
-private:
+  private:
     QByteArray m_what;
 };
 
 // One bound value. Money binds as its exact 64-bit count.
 class Param {
-public:
+  public:
     // Empty text is stored as empty text, not as null.
     Param(const QString& v) : m_v(v) {
         if (v.isNull()) m_v = QVariant(QStringLiteral(""));
@@ -47,7 +48,7 @@ public:
     explicit Param(const QVariant& v) : m_v(v) {}
     const QVariant& value() const { return m_v; }
 
-private:
+  private:
     QVariant m_v;
 };
 using Params = QList<Param>;
@@ -64,7 +65,7 @@ struct RowsData {
 // One row of a result. Reads map nulls the way the whole program expects:
 // text "", numbers 0, dates the sentinel "1900-01-01 01:01".
 class Row {
-public:
+  public:
     Row(std::shared_ptr<const RowsData> rows, int index) : m_rows(std::move(rows)), m_index(index) {}
     QVariant value(const QString& column) const;
     bool isNull(const QString& column) const;
@@ -76,13 +77,13 @@ public:
     QByteArray bytes(const QString& column) const;
     bool has(const QString& column) const;
 
-private:
+  private:
     std::shared_ptr<const RowsData> m_rows;
     int m_index;
 };
 
 class Rows {
-public:
+  public:
     Rows() : m_d(std::make_shared<RowsData>()) {}
     int count() const { return int(m_d->data.size()); }
     bool isEmpty() const { return m_d->data.empty(); }
@@ -105,7 +106,7 @@ public:
     iterator begin() const { return {this, 0}; }
     iterator end() const { return {this, count()}; }
 
-private:
+  private:
     friend class Db;
     std::shared_ptr<RowsData> m_d;
 };
@@ -114,18 +115,18 @@ enum class Backend { SQLite, PostgreSQL };
 
 struct DbConfig {
     Backend backend = Backend::SQLite;
-    QString file;                  // SQLite
+    QString file; // SQLite
     QString host = QStringLiteral("127.0.0.1");
     int port = 5432;
-    QString user, password, name;  // PostgreSQL
-    QString schema;                // PostgreSQL: search_path of this connection
+    QString user, password, name; // PostgreSQL
+    QString schema;               // PostgreSQL: search_path of this connection
 
     // "host=... port=... user=... password=... dbname=..."
     static DbConfig fromPgString(const QString& conn);
 };
 
 class Db {
-public:
+  public:
     explicit Db(QString connectionName = {});
     ~Db();
     Db(const Db&) = delete;
@@ -147,17 +148,27 @@ public:
     bool inTransaction() const { return m_depth > 0; }
     QSqlDatabase handle() const;
 
-    // Runs `work` inside one write transaction, again on a serialization failure or
-    // a deadlock (PostgreSQL) or a busy database (SQLite), a few times at most.
+    // The one way to write. Runs `work` inside one write transaction and commits it, again
+    // from the start on a deadlock or serialization failure (PostgreSQL), a busy database
+    // (SQLite) or a key another workstation made at the same moment, a few times at most.
+    // `work` must therefore start from scratch on every run. Rows are locked in one order
+    // everywhere: bill, room, member, goods. A refusal found inside the work is returned
+    // after discard(); a nested write joins the outer transaction and does not retry.
     template <class F> auto write(F&& work) -> decltype(work());
-    // Whether a write that failed on its `attempt`-th try should run again: a key another
-    // workstation made in the same second, or a serialization failure, up to five tries.
+    // Inside write(): nothing of this run is kept; write() rolls back and returns what the
+    // work returns. Returns `value` for a one-line `return db.discard(refusal);`.
+    template <class T> T discard(T value) {
+        m_discard = true;
+        return value;
+    }
+    // Whether a write that failed on its `attempt`-th try should run again.
     bool mayRetry(const DbError& e, int attempt) const;
+    static constexpr int WriteAttempts = 8;
 
     // The process's one connection.
     static Db& main();
 
-private:
+  private:
     friend class Transaction;
     QSqlQuery& prepared(const QString& sql);
     void run(QSqlQuery& q, const QString& sql, const Params& params);
@@ -165,6 +176,7 @@ private:
     void commit();
     void rollback();
     bool retryable(const DbError& e) const;
+    void backOff(int attempt) const;
 
     QString m_name;
     DbConfig m_config;
@@ -172,39 +184,47 @@ private:
     QHash<QString, QSqlQuery*> m_cache;
     int m_depth = 0;
     bool m_failed = false;
+    bool m_discard = false;
 };
 
-inline Db& DB() { return Db::main(); }
+inline Db& DB() {
+    return Db::main();
+}
 
 // Rolls back unless committed. Nested guards join the outer transaction.
 class Transaction {
-public:
+  public:
     explicit Transaction(Db& db = DB());
     ~Transaction();
     void commit();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
-private:
+  private:
     Db& m_db;
     bool m_done = false;
 };
 
 template <class F> auto Db::write(F&& work) -> decltype(work()) {
+    const bool outermost = m_depth == 0;
     for (int attempt = 1;; ++attempt) {
+        if (outermost) m_discard = false;
         try {
             Transaction t(*this);
             if constexpr (std::is_void_v<decltype(work())>) {
                 work();
+                if (outermost && m_discard) return;
                 t.commit();
                 return;
             } else {
                 auto r = work();
+                if (outermost && m_discard) return r;
                 t.commit();
                 return r;
             }
         } catch (const DbError& e) {
-            if (attempt >= 5 || m_depth > 0 || !retryable(e)) throw;
+            if (!outermost || !mayRetry(e, attempt)) throw;
+            backOff(attempt);
         }
     }
 }

@@ -2,6 +2,7 @@
 #include "Clock.h"
 #include "Dialect.h"
 #include "Format.h"
+#include "Gateway.h"
 #include "NewID.h"
 #include "Settings.h"
 #include "Val.h"
@@ -10,23 +11,29 @@ void WriteLog(const QDateTime& when, const QString& operatorName, const QString&
               int kind, bool ok, const QString& content, Db& db) {
     QString type;
     switch (kind) {
-    case 1: type = QStringLiteral("新增"); break;
-    case 2: type = QStringLiteral("修改"); break;
-    case 3: type = QStringLiteral("删除"); break;
-    default: type = QStringLiteral("其它"); break;
+    case 1:
+        type = QStringLiteral("新增");
+        break;
+    case 2:
+        type = QStringLiteral("修改");
+        break;
+    case 3:
+        type = QStringLiteral("删除");
+        break;
+    default:
+        type = QStringLiteral("其它");
+        break;
     }
     const QString dook = ok ? QStringLiteral("成功") : QStringLiteral("失败");
-    for (int attempt = 0;; ++attempt) {
-        try {
-            db.exec(QStringLiteral("Insert into s_log(logid,Logdate,theOperator,theModel,theDoName,Dotype,dook,theContent) "
-                                   "values (?,?,?,?,?,?,?,?)"),
-                    {NewID(), TimeText(when), operatorName, model, doName, type, dook, content});
-            return;
-        } catch (const DbError& e) {
-            // Two keys made in the same second on two workstations: take another.
-            if (attempt >= 3 || !db.dialect().isUniqueViolation(e) || db.inTransaction()) throw;
-        }
-    }
+    // A key another workstation made in the same second is skipped here or, if it is not yet
+    // committed there, makes the caller's write run again.
+    db.write([&] {
+        db.exec(QStringLiteral(
+                    "Insert into s_log(logid,Logdate,theOperator,theModel,theDoName,Dotype,dook,theContent) "
+                    "values (?,?,?,?,?,?,?,?)"),
+                {FreshKey(QStringLiteral("s_log"), QStringLiteral("logid"), db), TimeText(when), operatorName,
+                 model, doName, type, dook, content});
+    });
 }
 
 int TrimLog(Db& db) {
@@ -39,7 +46,8 @@ int TrimLog(Db& db) {
     }
     const qint64 count = db.scalar(QStringLiteral("select count(*) as c from s_log")).toLongLong();
     if (count <= keep) return 0;
-    return db.exec(QStringLiteral("delete from s_log where logid in (select logid from s_log order by Logdate asc, "
-                                  "logid asc limit ?)"),
-                   {count - keep});
+    return db.exec(
+        QStringLiteral("delete from s_log where logid in (select logid from s_log order by Logdate asc, "
+                       "logid asc limit ?)"),
+        {count - keep});
 }

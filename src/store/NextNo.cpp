@@ -41,6 +41,9 @@ QString GetNextNo(const QString& name, const QString& separator, Db& db) {
             throw DbError(-1, QStringLiteral("numbering contention"));
         });
     } catch (const DbError&) {
+        // Inside a sale's transaction the sale fails and runs again as a whole; a number
+        // taken on its own falls back to a key.
+        if (db.inTransaction()) throw;
         return NewID();
     }
 }

@@ -1,5 +1,6 @@
 #include "AutoInput.h"
 #include "Dialect.h"
+#include "Gateway.h"
 #include "MessageBox.h"
 #include "NewID.h"
 #include <QComboBox>
@@ -15,32 +16,17 @@ void LoadAutoInput(const QString& type, QComboBox* combo, Db& db) {
     if (combo->isEditable()) combo->setEditText(typed);
 }
 
-namespace {
-bool remembered(Db& db, const QString& type, const QString& value) {
-    return db.scalar(
-                 QStringLiteral("select count(*) from sys_AutoInput where autoInputType=? and thisValue=?"),
-                 {type, value})
-               .toLongLong() > 0;
-}
-} // namespace
-
 void SaveAutoInput(const QString& type, const QString& value, Db& db) {
     if (value.trimmed().isEmpty()) return;
-    for (int attempt = 1;; ++attempt) {
-        try {
-            db.exec(QStringLiteral("insert into sys_AutoInput (autoinputID, autoInputType, thisValue) "
-                                   "select ?, ?, ? where not exists (select 1 from sys_AutoInput "
-                                   "where autoInputType=? and thisValue=?)"),
-                    {NewID(), type, value, type, value});
-            return;
-        } catch (const DbError& e) {
-            // The same value saved on another workstation meanwhile, or a key made there in
-            // the same second: the first needs nothing more, the second another key.
-            if (!db.dialect().isUniqueViolation(e) || db.inTransaction()) throw;
-            if (remembered(db, type, value)) return;
-            if (attempt >= 5) throw;
-        }
-    }
+    // A value or key saved on another workstation at the same moment makes the write run
+    // again: the value is then found, or the key is skipped.
+    db.write([&] {
+        db.exec(QStringLiteral("insert into sys_AutoInput (autoinputID, autoInputType, thisValue) "
+                               "select ?, ?, ? where not exists (select 1 from sys_AutoInput "
+                               "where autoInputType=? and thisValue=?)"),
+                {FreshKey(QStringLiteral("sys_AutoInput"), QStringLiteral("autoinputID"), db), type, value,
+                 type, value});
+    });
 }
 
 bool DeleteAutoInput(const QString& type, const QString& value, Db& db) {

@@ -8,6 +8,7 @@
 #include "RoomBoard.h"
 #include "Settings.h"
 #include "TestVenue.h"
+#include "PrintUi.h"
 #include "frmCloseHouse.h"
 #include "frmMain.h"
 #include <QAction>
@@ -384,6 +385,9 @@ void TestCheckoutWindow::bill_printed_after_the_commit() {
         });
         w.action(QStringLiteral("mnuOpEnd"))->trigger();
         QCOMPARE(bill(id).integer(QStringLiteral("State")), 0);
+        // The slip was queued with the sale and goes out without holding the window.
+        QVERIFY(!DB().query(QStringLiteral("select JobID from PrintJob where SourceID=?"), {id}).isEmpty());
+        QVERIFY(WaitForPrinting());
         const bool toPdf = printer.startsWith(QLatin1String("PDF:"));
         const QStringList said = messages();
         QCOMPARE(said.size(), toPdf ? 0 : 1);

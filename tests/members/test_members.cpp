@@ -382,12 +382,16 @@ class TestMembers : public QObject {
         // A top-up between reading the card and settling is kept.
         DB().exec(QStringLiteral("update Member set chongzhi=chongzhi+? where MemberCode='M''1'"),
                   {Money::yuan(100)});
-        QVERIFY(s.settle(QStringLiteral("M'1"), Money::fromDouble(300.5), Money::fromDouble(120.25)));
+        QCOMPARE(s.settle(QStringLiteral("M'1"), Money::fromDouble(300.5), Money::fromDouble(120.25)),
+                 MemberService::Settled::Done);
+        // More than the card holds now takes nothing.
+        QCOMPARE(s.settle(QStringLiteral("M'1"), Money::yuan(1), Money::yuan(480)),
+                 MemberService::Settled::BalanceShort);
         const MemberCard after = *s.card(QStringLiteral("M'1"));
         QCOMPARE(after.points, pointsAfter);
         QCOMPARE(after.sumValue, Money::fromDouble(1300.5));
         QCOMPARE(after.chongzhi, Money::fromDouble(479.75));
-        QVERIFY(!s.settle(QStringLiteral("gone"), Money::yuan(1), {}));
+        QCOMPARE(s.settle(QStringLiteral("gone"), Money::yuan(1), {}), MemberService::Settled::MemberGone);
         QVERIFY(!s.card(QStringLiteral("gone")));
     }
 
