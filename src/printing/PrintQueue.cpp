@@ -104,9 +104,24 @@ void Record(const Delivery& d, const QString& error, Db& db) {
     });
 }
 
+namespace {
+thread_local Collector* collector = nullptr;
+}
+
+Collector::Collector() : m_outer(collector) {
+    collector = this;
+}
+Collector::~Collector() {
+    collector = m_outer;
+}
+
 PrintOutcome Send(const QString& jobID, const std::optional<QString>& printer, Db& db) {
     PrintOutcome out;
     out.jobs << jobID;
+    if (collector && !printer) {
+        collector->jobs << jobID;
+        return out;
+    }
     const std::optional<Delivery> d = Prepare(jobID, printer, db);
     if (!d) {
         out.failures << PrintFailure{jobID, printer.value_or(QString()), jobID,

@@ -69,6 +69,21 @@ QString Deliver(const Delivery& d);
 // Stores the outcome on the job.
 void Record(const Delivery& d, const QString& error, Db& db = DB());
 
+// While a Collector lives on this thread, Send and SendAll only note the jobs they are given
+// (for their own printers) and leave the sending to the collector's owner, which sends
+// them off the window's thread.
+class Collector {
+  public:
+    Collector();
+    ~Collector();
+    Collector(const Collector&) = delete;
+    Collector& operator=(const Collector&) = delete;
+    QStringList jobs;
+
+  private:
+    Collector* m_outer;
+};
+
 // Jobs for the list window, newest first; `unprintedOnly` leaves the printed ones out.
 Rows Jobs(bool unprintedOnly, Db& db = DB());
 Receipt Document(const QString& jobID, Db& db = DB());

@@ -25,20 +25,33 @@ void ShowPrintOutcome(QWidget* parent, const PrintOutcome& outcome) {
 void RunPrint(QWidget* parent, const QString& procedure, const QString& form,
               const std::function<PrintOutcome()>& print) {
     PrintOutcome outcome;
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    QStringList jobs;
     try {
+        // The jobs are stored here; the printers are asked off the window's thread.
+        PrintQueue::Collector collected;
         outcome = print();
+        jobs = collected.jobs;
     } catch (const DbError& e) {
-        QGuiApplication::restoreOverrideCursor();
         Msg::critical(parent, e.message(procedure, form));
         return;
     }
-    QGuiApplication::restoreOverrideCursor();
     ShowPrintOutcome(parent, outcome);
+    if (!jobs.isEmpty()) SendInBackground(parent, jobs, procedure, form);
 }
 
 namespace {
-std::atomic<int> running{0};
+std::atomic<int> running{0};      // batches not yet reported
+std::atomic<int> threads{0};      // delivering threads still working
+std::atomic<bool> appGone{false}; // the application object is being destroyed
+
+// At exit a slip still on its way is given a moment; a thread still stuck after it no
+// longer reports to the application that is gone.
+void waitForThreadsAtExit() {
+    QDeadlineTimer deadline(3000);
+    while (threads > 0 && !deadline.hasExpired())
+        QThread::msleep(5);
+    appGone = true;
+}
 
 // One background batch: its deliveries and what has come back of them.
 struct Batch {
@@ -99,12 +112,20 @@ void SendInBackground(QWidget* parent, const QStringList& jobs, const QString& p
         return;
     }
     QObject* home = QCoreApplication::instance();
+    static const bool exitHook = [] {
+        qAddPostRoutine(waitForThreadsAtExit);
+        return true;
+    }();
+    Q_UNUSED(exitHook);
+    ++threads;
     std::thread([b, home, deliveries = b->deliveries] {
         for (int i = 0; i < deliveries.size(); ++i) {
             const QString error = PrintQueue::Deliver(deliveries[i]);
+            if (appGone) break;
             QMetaObject::invokeMethod(
                 home, [b, i, error] { recordEnd(b, i, error); }, Qt::QueuedConnection);
         }
+        --threads;
     }).detach();
     QTimer::singleShot(timeoutMs, home, [b] {
         if (b->reported) return;

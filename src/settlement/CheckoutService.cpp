@@ -9,6 +9,8 @@
 std::optional<CheckoutBill> CheckoutService::load(const QString& expenseID, const QDateTime& closeTime,
                                                   bool deferred) const {
     const fExpense bills(m_db);
+    // Taken first: whatever changes while the rest is read shows as a difference at the commit.
+    BillSnapshot seen = bills.Snapshot(expenseID);
     const Rows rows = bills.GetLinkByID(expenseID);
     if (rows.isEmpty()) return std::nullopt;
     const Row r = rows.first();
@@ -31,7 +33,9 @@ std::optional<CheckoutBill> CheckoutService::load(const QString& expenseID, cons
     // A deferred bill keeps the room charge fixed when it was deferred.
     if (deferred) b.room = r.money(QStringLiteral("theMoney"));
     b.cost = Money::fromText(bills.GetProcurePriceByID(expenseID));
-    b.seen = bills.Snapshot(expenseID);
+    // The commit must find exactly the goods the window charges.
+    seen.owed = b.goods;
+    b.seen = seen;
     return b;
 }
 

@@ -261,6 +261,7 @@ class TestMemberForms : public QObject {
              {"mnuMember", "mnuSetupMember", "mnuFindChongzhi", "tbrCHONGZHI", "mnuChangePw"})
             QVERIFY2(main.action(QLatin1String(name))->isEnabled(), name);
         onModal([](QDialog* d) {
+            QVERIFY(QTest::qWaitForWindowActive(d));
             box(d, "txtNowPw")->setText(QStringLiteral("a1"));
             box(d, "txtpw")->setText(QStringLiteral("b2"));
             box(d, "txtPw1")->setText(QStringLiteral("b3"));

@@ -509,6 +509,7 @@ void TestPrinting::escPosKitchenTicket() {
     OrderPrinting::instance().PrintThis(
         {QStringLiteral("e2"), QStringLiteral("t11"), QStringLiteral("B02"), QStringLiteral("186.00")},
         false);
+    QVERIFY(WaitForPrinting());
     const QList<QByteArray> got = kitchen.take();
     QCOMPARE(got.size(), 1);
     const QByteArray& bytes = got.first();
@@ -536,6 +537,7 @@ void TestPrinting::unreachablePrinterAndReprint() {
     OrderPrinting::instance().PrintThis(
         {QStringLiteral("e2"), QStringLiteral("t11"), QStringLiteral("B02"), QStringLiteral("186.00")},
         false);
+    QVERIFY(WaitForPrinting());
     const QList<Msg::Shown> shown = Msg::taken();
     QCOMPARE(shown.size(), 1);
     QVERIFY(shown.first().text.contains(QStringLiteral("“后厨单 B02”没有打印出来")));
@@ -604,6 +606,7 @@ void TestPrinting::copies() {
         QVERIFY(w.board()->selectRoom(QStringLiteral("r1")));
         QVERIFY(w.action(QStringLiteral("mnuPrintExpense"))->isEnabled());
         w.runCommand(QStringLiteral("mnuPrintExpense"));
+        QVERIFY(WaitForPrinting());
         QCOMPARE(DB().scalar(QStringLiteral("select Other2 from Expense where ExpenseID='e2'")).toString(),
                  QStringLiteral("1"));
     } else {

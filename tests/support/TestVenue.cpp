@@ -3,6 +3,7 @@
 #include "AppState.h"
 #include "Clock.h"
 #include "MessageBox.h"
+#include "PrintUi.h"
 #include "Schema.h"
 #include "Venue.h"
 #include <QCoreApplication>
@@ -47,6 +48,8 @@ TestVenue::TestVenue() {
 }
 
 TestVenue::~TestVenue() {
+    // A slip still going out belongs to this venue's database.
+    WaitForPrinting();
     DB().close();
     Msg::uninstallRecorder();
     Clock::install(nullptr);
@@ -82,6 +85,8 @@ bool TestVenue::open(Db& db) {
 }
 
 QStringList messages() {
+    // What the slips sent off the window's thread had to say counts too.
+    WaitForPrinting();
     QStringList out;
     for (const Msg::Shown& s : Msg::taken()) out << s.text;
     return out;
