@@ -1,6 +1,12 @@
 #pragma once
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QObject>
+#include <QStringList>
 #include <QtGlobal>
+#include <initializer_list>
 
 // The control of a form by its objectName; a test stops at once when the form has none.
 template <class T> T* child(QObject* form, const char* name) {
@@ -10,4 +16,27 @@ template <class T> T* child(QObject* form, const char* name) {
 }
 template <class T> T* child(QObject& form, const char* name) {
     return child<T>(&form, name);
+}
+
+// What the named boxes, labels, lists and buttons of a form show, joined by '|': one
+// comparison for a whole group of controls.
+inline QString texts(QObject* form, std::initializer_list<const char*> names) {
+    QStringList out;
+    for (const char* name : names) {
+        QObject* c = child<QObject>(form, name);
+        if (auto* e = qobject_cast<QLineEdit*>(c))
+            out << e->text();
+        else if (auto* l = qobject_cast<QLabel*>(c))
+            out << l->text();
+        else if (auto* b = qobject_cast<QComboBox*>(c))
+            out << b->currentText();
+        else if (auto* a = qobject_cast<QAbstractButton*>(c))
+            out << a->text();
+        else
+            qFatal("no text in control %s", name);
+    }
+    return out.join(QLatin1Char('|'));
+}
+inline QString texts(QObject& form, std::initializer_list<const char*> names) {
+    return texts(&form, names);
 }
