@@ -238,16 +238,14 @@ class TestOption : public QObject {
         QCOMPARE(names(child<QTreeWidget>(w, "lvwWare")), (QStringList{u"啤酒"_s, u"红酒"_s, u"黑啤"_s}));
     }
 
-    void goodsButtonsNeedTheirRights_data() {
-        // clang-format off
+    void goodsButtonsNeedTheirRights_data() { // clang-format off
         columns<QString, QString>("code", "button");
         QTest::newRow("type add") << "C004" << "cmdWareTypeAdd";
         QTest::newRow("type delete") << "C004" << "cmdWareTypeDel";
         QTest::newRow("article add") << "C005" << "cmdWareAdd";
         QTest::newRow("article delete") << "C005" << "cmdWareDel";
         QTest::newRow("type periods") << "C006" << "cmdWareLevel";
-        QTest::newRow("venue periods") << "C006" << "Command1";
-        // clang-format on
+        QTest::newRow("venue periods") << "C006" << "Command1"; // clang-format on
     }
     void goodsButtonsNeedTheirRights() {
         auto [code, button] = fetch<QString, QString>("code", "button");

@@ -58,8 +58,7 @@ class TestBoard : public QObject {
         w.action(u"mnuOpOpen"_s)->trigger(); // nothing selected: nothing happens
         QCOMPARE(messages(), QStringList());
     }
-    void commands_follow_the_status_data() {
-        // clang-format off
+    void commands_follow_the_status_data() { // clang-format off
         columns<int, QString, QString>("state", "other1", "enabled");
         const QString open = u"mnuOpOpen tbrOPENHOUSE"_s;
         QTest::newRow("free") << 0 << "" << u"mnuOpOpen tbrOPENHOUSE mnuHouseStop"_s;
@@ -67,8 +66,7 @@ class TestBoard : public QObject {
         QTest::newRow("in use") << 1 << "" << u"mnuOpExpense mnuOpEnd mnuPrintExpense mnuHouseChange"_s;
         QTest::newRow("reserved") << 3 << "" << open;
         QTest::newRow("stopped") << 2 << "" << u"mnuHouseResume"_s;
-        QTest::newRow("locked") << 4 << "2026-11-21 21:00" << u"mnuHouseResume"_s;
-        // clang-format on
+        QTest::newRow("locked") << 4 << "2026-11-21 21:00" << u"mnuHouseResume"_s; // clang-format on
     }
     void commands_follow_the_status() {
         auto [state, other1, enabled] = fetch<int, QString, QString>("state", "other1", "enabled");

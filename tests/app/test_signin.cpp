@@ -38,8 +38,7 @@ int logRows(const QString& content) {
 class TestSignIn : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void outcomes_data() {
-        // clang-format off
+    void outcomes_data() { // clang-format off
         columns<QString, QString, int, QString>("login", "password", "outcome", "logText");
         const int ok = int(SignInOutcome::Ok), bad = int(SignInOutcome::Invalid),
                   off = int(SignInOutcome::Disabled);
@@ -50,8 +49,7 @@ class TestSignIn : public QObject {
         QTest::newRow("case matters") << "o'hara" << "PW'1" << bad << "操作员o'hara登录系统失败！";
         QTest::newRow("disabled, right password") << "gone" << "secret" << off << "";
         QTest::newRow("disabled, wrong password") << "gone" << "nope" << off << "";
-        QTest::newRow("stored as typed") << "legacy" << "1234" << ok << "操作员legacy登录系统成功！";
-        // clang-format on
+        QTest::newRow("stored as typed") << "legacy" << "1234" << ok << "操作员legacy登录系统成功！"; // clang-format on
     }
     void outcomes() {
         auto [login, password, outcome, logText] =
@@ -89,14 +87,12 @@ class TestSignIn : public QObject {
         QCOMPARE(App().CurrentOperatorID, u"o1"_s);
     }
 
-    void checkPuissance_data() {
-        // clang-format off
+    void checkPuissance_data() { // clang-format off
         columns<QString, QString, bool>("isHave", "asked", "granted");
         QTest::newRow("granted") << "1" << "C30" << true;
         QTest::newRow("other code of like name") << "1" << "C030" << false;
         QTest::newRow("not granted") << "0" << "C30" << false;
-        QTest::newRow("no row") << "" << "D001" << false;
-        // clang-format on
+        QTest::newRow("no row") << "" << "D001" << false; // clang-format on
     }
     void checkPuissance() {
         auto [isHave, asked, granted] = fetch<QString, QString, bool>("isHave", "asked", "granted");

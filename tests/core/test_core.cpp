@@ -12,8 +12,7 @@ using namespace Qt::StringLiterals;
 class TestCore : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void val_data() {
-        // clang-format off
+    void val_data() { // clang-format off
         columns<QString, double, bool>("text", "value", "numeric");
         QTest::newRow("plain") << "12" << 12.0 << true;
         QTest::newRow("prefix") << "12abc" << 12.0 << false;
@@ -30,8 +29,7 @@ class TestCore : public QObject {
         QTest::newRow("thousands") << "1,000" << 1.0 << false;
         QTest::newRow("chinese") << "五十" << 0.0 << false;
         QTest::newRow("plus") << "+8" << 8.0 << true;
-        QTest::newRow("two points") << "1.2.3" << 1.2 << false;
-        // clang-format on
+        QTest::newRow("two points") << "1.2.3" << 1.2 << false; // clang-format on
     }
     void val() {
         auto [text, value, numeric] = fetch<QString, double, bool>("text", "value", "numeric");
@@ -39,8 +37,7 @@ class TestCore : public QObject {
         QCOMPARE(IsNumeric(text), numeric);
     }
 
-    void moneyFromDouble_data() {
-        // clang-format off
+    void moneyFromDouble_data() { // clang-format off
         columns<double, qint64>("value", "raw");
         QTest::newRow("exact") << 12.5 << qint64(125000);
         QTest::newRow("tie to even down") << 0.00005 << qint64(0);
@@ -49,24 +46,21 @@ class TestCore : public QObject {
         QTest::newRow("unit of a 30 minute hour at 60") << 60.0 / 60 * 30 << qint64(300000);
         QTest::newRow("one minute at 100 an hour") << 100.0 / 60 << qint64(16667);
         QTest::newRow("beyond 16 bits") << 98765.4321 << qint64(987654321);
-        QTest::newRow("large") << 123456789012.0 << qint64(1234567890120000);
-        // clang-format on
+        QTest::newRow("large") << 123456789012.0 << qint64(1234567890120000); // clang-format on
     }
     void moneyFromDouble() {
         auto [value, raw] = fetch<double, qint64>("value", "raw");
         QCOMPARE(Money::fromDouble(value).raw(), raw);
     }
 
-    void moneyText_data() {
-        // clang-format off
+    void moneyText_data() { // clang-format off
         columns<qint64, QString, QString>("raw", "twoPlaces", "plain");
         QTest::newRow("zero") << qint64(0) << "0.00" << "0";
         QTest::newRow("half up") << qint64(12350) << "1.24" << "1.235";
         QTest::newRow("half away negative") << qint64(-12350) << "-1.24" << "-1.235";
         QTest::newRow("below half") << qint64(12349) << "1.23" << "1.2349";
         QTest::newRow("tiny negative") << qint64(-40) << "0.00" << "-0.004";
-        QTest::newRow("whole") << qint64(2000000) << "200.00" << "200";
-        // clang-format on
+        QTest::newRow("whole") << qint64(2000000) << "200.00" << "200"; // clang-format on
     }
     void moneyText() {
         auto [raw, twoPlaces, plain] = fetch<qint64, QString, QString>("raw", "twoPlaces", "plain");
@@ -84,8 +78,7 @@ class TestCore : public QObject {
         QVERIFY(Money::yuan(1) < Money::fromRaw(10001));
     }
 
-    void formatNumber_data() {
-        // clang-format off
+    void formatNumber_data() { // clang-format off
         columns<double, QString, QString>("value", "pattern", "text");
         QTest::newRow("decimal text rounds up") << 2.675 << "0.00" << "2.68";
         QTest::newRow("1.005") << 1.005 << "0.00" << "1.01";
@@ -98,8 +91,7 @@ class TestCore : public QObject {
         QTest::newRow("carry") << 9.999 << "0.00" << "10.00";
         QTest::newRow("small") << 0.045 << "0.00" << "0.05";
         QTest::newRow("large") << 123456789.125 << "0.00" << "123456789.13";
-        QTest::newRow("discount") << 0.9 << "0.00" << "0.90";
-        // clang-format on
+        QTest::newRow("discount") << 0.9 << "0.00" << "0.90"; // clang-format on
     }
     void formatNumber() {
         auto [value, pattern, text] = fetch<double, QString, QString>("value", "pattern", "text");
@@ -117,31 +109,27 @@ class TestCore : public QObject {
         QVERIFY(!ParseTime(u"gestern"_s).isValid());
     }
 
-    void minutesIgnoreSeconds_data() {
-        // clang-format off
+    void minutesIgnoreSeconds_data() { // clang-format off
         columns<QDateTime, QDateTime, qint64>("from", "to", "minutes");
         const QDate d(2024, 3, 1);
         QTest::newRow("boundary crossed") << QDateTime(d, QTime(10, 0, 50)) << QDateTime(d, QTime(10, 1, 10)) << qint64(1);
         QTest::newRow("same minute") << QDateTime(d, QTime(10, 0, 1)) << QDateTime(d, QTime(10, 0, 59)) << qint64(0);
         QTest::newRow("backwards") << QDateTime(d, QTime(10, 5)) << QDateTime(d, QTime(10, 0)) << qint64(-5);
         QTest::newRow("over midnight") << QDateTime(d, QTime(23, 30)) << QDateTime(d.addDays(1), QTime(0, 15)) << qint64(45);
-        QTest::newRow("thirty hours") << QDateTime(d, QTime(20, 0)) << QDateTime(d.addDays(1), QTime(2, 0)).addSecs(86400) << qint64(30 * 60);
-        // clang-format on
+        QTest::newRow("thirty hours") << QDateTime(d, QTime(20, 0)) << QDateTime(d.addDays(1), QTime(2, 0)).addSecs(86400) << qint64(30 * 60); // clang-format on
     }
     void minutesIgnoreSeconds() {
         auto [from, to, minutes] = fetch<QDateTime, QDateTime, qint64>("from", "to", "minutes");
         QCOMPARE(MinutesBetween(from, to), minutes);
     }
 
-    void roundEven_data() {
-        // clang-format off
+    void roundEven_data() { // clang-format off
         columns<double, qint64>("value", "rounded");
         QTest::newRow("88.5") << 88.5 << qint64(88);
         QTest::newRow("89.5") << 89.5 << qint64(90);
         QTest::newRow("-2.5") << -2.5 << qint64(-2);
         QTest::newRow("above 16 bits") << 40000.4 << qint64(40000);
-        QTest::newRow("88.51") << 88.51 << qint64(89);
-        // clang-format on
+        QTest::newRow("88.51") << 88.51 << qint64(89); // clang-format on
     }
     void roundEven() {
         auto [value, rounded] = fetch<double, qint64>("value", "rounded");

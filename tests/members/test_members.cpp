@@ -70,8 +70,7 @@ QStringList codes(const Rows& rows) {
 class TestMembers : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void search_data() {
-        // clang-format off
+    void search_data() { // clang-format off
         columns<QString, QString, QStringList>("name", "code", "found");
         QTest::newRow("both empty: all, by code") << "" << "" << L({"A'1", "B2", "b3", "C%4"});
         QTest::newRow("blank boxes count as empty") << "  " << " " << L({"A'1", "B2", "b3", "C%4"});
@@ -81,8 +80,7 @@ class TestMembers : public QObject {
         QTest::newRow("the boxes are trimmed") << "" << " B2 " << L({"B2"});
         QTest::newRow("both boxes must match") << "李" << "3" << L({"b3"});
         QTest::newRow("no match") << "李" << "A" << QStringList();
-        QTest::newRow("a member without class is found") << "王" << "" << L({"C%4"});
-        // clang-format on
+        QTest::newRow("a member without class is found") << "王" << "" << L({"C%4"}); // clang-format on
     }
     void search() {
         auto [name, code, found] = fetch<QString, QString, QStringList>("name", "code", "found");
@@ -160,12 +158,10 @@ class TestMembers : public QObject {
         QCOMPARE(count(u"select count(*) from Member"_s), 0);
     }
 
-    void duplicate_code_data() {
-        // clang-format off
+    void duplicate_code_data() { // clang-format off
         QTest::addColumn<bool>("adding");
         QTest::newRow("adding a taken code") << true;
-        QTest::newRow("renaming onto a taken code") << false;
-        // clang-format on
+        QTest::newRow("renaming onto a taken code") << false; // clang-format on
     }
     void duplicate_code() {
         QFETCH(bool, adding);
@@ -187,13 +183,11 @@ class TestMembers : public QObject {
 
     // Deleting asks only when bills carry the member, and then takes its top-ups along;
     // the bills stay either way, and a member without bills leaves its top-ups behind.
-    void remove_data() {
-        // clang-format off
+    void remove_data() { // clang-format off
         columns<bool, bool, int, int, int>("bills", "confirmed", "outcome", "membersLeft", "topUpsLeft");
         QTest::newRow("no bills: gone without a question, top-ups stay") << false << false << int(MemberDelete::Deleted) << 1 << 3;
         QTest::newRow("bills, not yet asked") << true << false << int(MemberDelete::NeedsQuestion) << 2 << 3;
-        QTest::newRow("bills, confirmed: top-ups go, bills stay") << true << true << int(MemberDelete::Deleted) << 1 << 1;
-        // clang-format on
+        QTest::newRow("bills, confirmed: top-ups go, bills stay") << true << true << int(MemberDelete::Deleted) << 1 << 1; // clang-format on
     }
     void remove() {
         auto [bills, confirmed, outcome, membersLeft, topUpsLeft] =
@@ -218,16 +212,14 @@ class TestMembers : public QObject {
             QCOMPARE(int(s.remove(code, true)), int(MemberDelete::NothingGone));
     }
 
-    void classes_validate_data() {
-        // clang-format off
+    void classes_validate_data() { // clang-format off
         columns<QString, QString, QString, QString, QString, QString>("name", "init", "step", "discount", "message", "field");
         QTest::newRow("no name") << " " << "0" << "0" << "1" << "请输入分类名称！" << "txtSetupName";
         QTest::newRow("points not a number") << "金卡" << "十" << "0" << "1" << "请输入初始积分！" << "txtInitValue";
         QTest::newRow("empty money per point") << "金卡" << "0" << "" << "1" << "请输入积分方法！" << "txtStepValue";
         QTest::newRow("discount with a unit") << "金卡" << "0" << "10" << "9折" << "请输入折扣！" << "txtDiscount";
         QTest::newRow("all wrong: name first") << "" << "x" << "x" << "x" << "请输入分类名称！" << "txtSetupName";
-        QTest::newRow("numbers out of any range pass") << "金卡" << "-5" << "0" << "12" << "" << "";
-        // clang-format on
+        QTest::newRow("numbers out of any range pass") << "金卡" << "-5" << "0" << "12" << "" << ""; // clang-format on
     }
     void classes_validate() {
         auto [name, init, step, discount, message, field] =
@@ -256,8 +248,7 @@ class TestMembers : public QObject {
         QCOMPARE(count(u"select count(*) from MemberSetup"_s), 0);
     }
 
-    void points_data() {
-        // clang-format off
+    void points_data() { // clang-format off
         columns<double, double, qint64>("paid", "step", "points");
         QTest::newRow("whole") << 100.0 << 10.0 << qint64(10);
         QTest::newRow("half rounds to even, down") << 25.0 << 10.0 << qint64(2);
@@ -265,20 +256,17 @@ class TestMembers : public QObject {
         QTest::newRow("below a half") << 14.99 << 10.0 << qint64(1);
         QTest::newRow("class earns none") << 500.0 << 0.0 << qint64(0);
         QTest::newRow("beyond 16 bits") << 1000000.0 << 1.0 << qint64(1000000);
-        QTest::newRow("fractional money per point") << 10.0 << 0.5 << qint64(20);
-        // clang-format on
+        QTest::newRow("fractional money per point") << 10.0 << 0.5 << qint64(20); // clang-format on
     }
     void points() {
         auto [paid, step, points] = fetch<double, double, qint64>("paid", "step", "points");
         QCOMPARE(MemberPoints(Money::fromDouble(paid), step), points);
     }
 
-    void settle_data() {
-        // clang-format off
+    void settle_data() { // clang-format off
         columns<double, double>("step", "pointsAfter");
         QTest::newRow("earning class") << 10.0 << 35.0;
-        QTest::newRow("class without points still adds spending") << 0.0 << 5.0;
-        // clang-format on
+        QTest::newRow("class without points still adds spending") << 0.0 << 5.0; // clang-format on
     }
     void settle() {
         auto [step, pointsAfter] = fetch<double, double>("step", "pointsAfter");
@@ -302,8 +290,7 @@ class TestMembers : public QObject {
         QVERIFY(!s.card(u"gone"_s));
     }
 
-    void passwords_data() {
-        // clang-format off
+    void passwords_data() { // clang-format off
         columns<int, QString, QString, QString, QString, QString, QString>("kind", "stored", "now", "fresh", "repeat", "message", "field");
         const QString repeat = u"您输入的新密码和重复密码不一样，请重新输入！"_s;
         const QString wrong = u"您输入的当前密码不正确，请重新输入！"_s;
@@ -317,8 +304,7 @@ class TestMembers : public QObject {
         QTest::newRow("operator: wrong current") << 1 << "hash:old" << "" << "n1" << "n1" << wrong << "txtNowPw";
         QTest::newRow("operator: right current") << 1 << "hash:old" << "old" << "n1" << "n1" << "" << "";
         QTest::newRow("operator: empty new password is hashed too") << 1 << "hash:old" << "old" << "" << "" << "" << "";
-        QTest::newRow("other kinds act as operators") << 7 << "hash:old" << "old" << "n1" << "n1" << "" << "";
-        // clang-format on
+        QTest::newRow("other kinds act as operators") << 7 << "hash:old" << "old" << "n1" << "n1" << "" << ""; // clang-format on
     }
     void passwords() {
         auto [kind, stored, now, fresh, repeat, message, field] =
@@ -354,14 +340,12 @@ class TestMembers : public QObject {
         }
     }
 
-    void chongzhi_member_data() {
-        // clang-format off
+    void chongzhi_member_data() { // clang-format off
         columns<QString, QString>("code", "message");
         QTest::newRow("unknown code") << "nobody" << "没找到这个会员！请检查您输入的会员编号是否正确！";
         QTest::newRow("stopped member") << "S1" << "不能操作此会员的数据，因为此会员已暂停服务！";
         QTest::newRow("state 2 passes") << "S2" << "";
-        QTest::newRow("quote in the code") << "M'1" << "";
-        // clang-format on
+        QTest::newRow("quote in the code") << "M'1" << ""; // clang-format on
     }
     void chongzhi_member() {
         auto [code, message] = fetch<QString, QString>("code", "message");
@@ -382,16 +366,14 @@ class TestMembers : public QObject {
         }
     }
 
-    void chongzhi_validate_data() {
-        // clang-format off
+    void chongzhi_validate_data() { // clang-format off
         columns<QString, QString, QString, QString, QString>("member", "factPay", "thisMemoney", "message", "field");
         QTest::newRow("no member held") << "" << "100" << "100" << "请输入正确的会员编号！" << "txtMemberCode";
         QTest::newRow("received not a number") << "M1" << "一百" << "100" << "请输入实收金额！" << "txtFactPay";
         QTest::newRow("received empty") << "M1" << "" << "100" << "请输入实收金额！" << "txtFactPay";
         QTest::newRow("credited not a number") << "M1" << "100" << "100元" << "请输入充值金额！" << "txtThisMemoney";
         QTest::newRow("both amounts bad: received first") << "M1" << "x" << "y" << "请输入实收金额！" << "txtFactPay";
-        QTest::newRow("negative and zero pass") << "M1" << "0" << "-30" << "" << "";
-        // clang-format on
+        QTest::newRow("negative and zero pass") << "M1" << "0" << "-30" << "" << ""; // clang-format on
     }
     void chongzhi_validate() {
         auto [member, factPay, thisMemoney, message, field] =
@@ -402,14 +384,12 @@ class TestMembers : public QObject {
         QCOMPARE(r ? r->field : QString(), field);
     }
 
-    void chongzhi_save_data() {
-        // clang-format off
+    void chongzhi_save_data() { // clang-format off
         columns<QString, QString, double>("factPay", "thisMemoney", "balanceAfter");
         QTest::newRow("credit more than received") << "80" << "100" << 150.0;
         QTest::newRow("zero credit writes a row") << "0" << "0" << 50.0;
         QTest::newRow("negative credit lowers") << "0" << "-30" << 20.0;
-        QTest::newRow("four decimals kept") << "12.3456" << "12.3456" << 62.3456;
-        // clang-format on
+        QTest::newRow("four decimals kept") << "12.3456" << "12.3456" << 62.3456; // clang-format on
     }
     void chongzhi_save() {
         auto [factPay, thisMemoney, balanceAfter] =
@@ -452,8 +432,7 @@ class TestMembers : public QObject {
         QCOMPARE(balanceOf(u"M1"_s), Money::yuan(100 + Each * 1 + Each * 2));
     }
 
-    void period_data() {
-        // clang-format off
+    void period_data() { // clang-format off
         columns<int, QDate, QString, QString>("index", "today", "start", "end");
         QTest::newRow("today") << 0 << QDate(2026, 11, 21) << "2026-11-21 00:00" << "2026-11-22 00:00";
         QTest::newRow("week from Sunday, on a Saturday") << 1 << QDate(2026, 11, 21) << "2026-11-15 00:00" << "2026-11-22 00:00";
@@ -461,8 +440,7 @@ class TestMembers : public QObject {
         QTest::newRow("week across the year") << 1 << QDate(2027, 1, 1) << "2026-12-27 00:00" << "2027-01-03 00:00";
         QTest::newRow("month") << 2 << QDate(2026, 12, 15) << "2026-12-01 00:00" << "2027-01-01 00:00";
         QTest::newRow("month from its last day") << 2 << QDate(2027, 1, 31) << "2027-01-01 00:00" << "2027-02-01 00:00";
-        QTest::newRow("any other index is today") << 5 << QDate(2026, 2, 28) << "2026-02-28 00:00" << "2026-03-01 00:00";
-        // clang-format on
+        QTest::newRow("any other index is today") << 5 << QDate(2026, 2, 28) << "2026-02-28 00:00" << "2026-03-01 00:00"; // clang-format on
     }
     void period() {
         auto [index, today, start, end] =
@@ -472,13 +450,11 @@ class TestMembers : public QObject {
         QCOMPARE(TimeText(p.end), end);
     }
 
-    void chongzhi_search_data() {
-        // clang-format off
+    void chongzhi_search_data() { // clang-format off
         columns<QString, QString, QStringList, double>("start", "end", "ids", "credited");
         QTest::newRow("end excluded, newest first") << "2026-11-21 00:00" << "2026-11-22 00:00" << L({"c3", "c2", "c1"}) << 60.0;
         QTest::newRow("equal ends: that minute only") << "2026-11-21 23:59" << "2026-11-21 23:59" << L({"c3"}) << 30.0;
-        QTest::newRow("nothing") << "2026-11-01 00:00" << "2026-11-02 00:00" << QStringList() << 0.0;
-        // clang-format on
+        QTest::newRow("nothing") << "2026-11-01 00:00" << "2026-11-02 00:00" << QStringList() << 0.0; // clang-format on
     }
     void chongzhi_search() {
         auto [start, end, ids, credited] =

@@ -400,14 +400,12 @@ class TestMemberForms : public QObject {
     }
 
     // Without the rights the buttons refuse and open nothing.
-    void rights_data() {
-        // clang-format off
+    void rights_data() { // clang-format off
         QTest::addColumn<QString>("button");
         QTest::newRow("add needs C008") << "cmdAdd";
         QTest::newRow("delete needs C008") << "cmdDel";
         QTest::newRow("top-up needs C015") << "cmdChongzhi";
-        QTest::newRow("classes need C007") << "cmdSetup";
-        // clang-format on
+        QTest::newRow("classes need C007") << "cmdSetup"; // clang-format on
     }
     void rights() {
         QFETCH(QString, button);

@@ -29,8 +29,7 @@ void addGoods() {
 class TestGoods : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void mnemonic_data() {
-        // clang-format off
+    void mnemonic_data() { // clang-format off
         columns<QString, QString>("name", "expected");
         QTest::newRow("beer") << "啤酒" << "pj";
         QTest::newRow("case kept, blank skipped") << "K歌 2" << "Kg2";
@@ -44,16 +43,14 @@ class TestGoods : public QObject {
         QTest::newRow("below the table") << "盃" << ""; // B0A0
         QTest::newRow("extension code inside a range") << "盄" << "b"; // B140
         QTest::newRow("second level only") << "亍亓" << "";
-        QTest::newRow("full-width, symbols, no GBK code") << "Ａ１　。€é🍺倗" << "";
-        // clang-format on
+        QTest::newRow("full-width, symbols, no GBK code") << "Ａ１　。€é🍺倗" << ""; // clang-format on
     }
     void mnemonic() {
         auto [name, expected] = fetch<QString, QString>("name", "expected");
         QCOMPARE(GetMnemonic(name), expected);
     }
 
-    void price_data() {
-        // clang-format off
+    void price_data() { // clang-format off
         columns<QString, bool>("price", "flag");
         QTest::addColumn<QString>("periods"); // "start-end@factor,...", or "none" for no row
         columns<bool, float, int, QString>("allOn", "rate", "hour", "expected");
@@ -75,8 +72,7 @@ class TestGoods : public QObject {
         // 0.9 as a single is 0.89999998: 0.05 x it is below the half cent.
         QTest::newRow("single-precision rate") << "0.05" << false << evening << true << 0.9f << 10 << "0.04";
         QTest::newRow("half away from zero") << "-2.675" << false << evening << false << 1.0f << 10 << "-2.68";
-        QTest::newRow("product rounded once") << "0.125" << true << "0-24@0.5" << false << 1.0f << 10 << "0.06";
-        // clang-format on
+        QTest::newRow("product rounded once") << "0.125" << true << "0-24@0.5" << false << 1.0f << 10 << "0.06"; // clang-format on
     }
     void price() {
         auto [price, flag, periods, allOn, rate, hour, expected] =
@@ -146,8 +142,7 @@ class TestGoods : public QObject {
         QCOMPARE(count(u"select count(*) from WareType"_s), 0);
     }
 
-    void wareChecks_data() {
-        // clang-format off
+    void wareChecks_data() { // clang-format off
         columns<QString, QString, QString>("what", "message", "field");
         QTest::newRow("no name, before the price") << "name" << "请输入品项名称！" << "txtWareName";
         QTest::newRow("price 0") << "price0" << "请输入品项单价！" << "txtPrice";
@@ -156,8 +151,7 @@ class TestGoods : public QObject {
         QTest::newRow("commission text") << "ticheng" << "员工提成只能输入数字！" << "txtTicheng";
         QTest::newRow("no type") << "type" << "请选择品项所属分类！" << "imgcmbWareType";
         QTest::newRow("price beyond money") << "huge" << "品项单价超出范围！" << "txtPrice";
-        QTest::newRow("negatives pass") << "negative" << "" << "";
-        // clang-format on
+        QTest::newRow("negatives pass") << "negative" << "" << ""; // clang-format on
     }
     void wareChecks() {
         auto [what, message, field] = fetch<QString, QString, QString>("what", "message", "field");

@@ -47,12 +47,10 @@ void press(QWidget& w) {
 class TestGoodsForms : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void wareStockFields_data() {
-        // clang-format off
+    void wareStockFields_data() { // clang-format off
         QTest::addColumn<int>("stock");
         QTest::newRow("without stock management") << 0;
-        QTest::newRow("with stock management") << 1;
-        // clang-format on
+        QTest::newRow("with stock management") << 1; // clang-format on
     }
     void wareStockFields() {
         QFETCH(int, stock);

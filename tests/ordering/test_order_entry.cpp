@@ -63,8 +63,7 @@ class TestOrderEntry : public QObject {
   private Q_SLOTS:
     void cleanup() { App().IsUseWareHouse = 0; }
 
-    void line_figures_data() {
-        // clang-format off
+    void line_figures_data() { // clang-format off
         columns<QString, QString, QString, bool, double>("ware", "num", "steward", "isFree", "storedNum");
         // In 1/10000 yuan: Price, thePrice, ExpenseMoney, oughtMoney, Income, TiChengMoney.
         QTest::addColumn<QList<qint64>>("money");
@@ -75,8 +74,7 @@ class TestOrderEntry : public QObject {
         QTest::newRow("return goes negative") << "beer" << "-1" << "小王" << false << -1.0
             << QList<qint64>{100000, 100000, -100000, -100000, -60000, -15000};
         QTest::newRow("number prefix") << "beer" << "2瓶" << "" << false << 2.0 << QList<qint64>{100000, 100000, 200000, 200000, 120000, 0};
-        QTest::newRow("quotes are plain text") << "quote" << "1" << "" << false << 1.0 << QList<qint64>{200000, 200000, 200000, 200000, 150000, 0};
-        // clang-format on
+        QTest::newRow("quotes are plain text") << "quote" << "1" << "" << false << 1.0 << QList<qint64>{200000, 200000, 200000, 200000, 150000, 0}; // clang-format on
     }
     void line_figures() {
         auto [ware, num, steward, isFree, storedNum, money] =
@@ -105,8 +103,7 @@ class TestOrderEntry : public QObject {
         QCOMPARE(stock(ware), 10.0); // stock management off
     }
 
-    void refused_data() {
-        // clang-format off
+    void refused_data() { // clang-format off
         QTest::addColumn<QString>("num");
         QTest::addColumn<QString>("change"); // applied to the bill after the window opened
         columns<QString, QString>("message", "field");
@@ -115,8 +112,7 @@ class TestOrderEntry : public QObject {
         QTest::newRow("no number") << "abc" << "" << "消费数量不能输入0，请重新输入！" << "txtNum";
         QTest::newRow("settled elsewhere") << "1" << "update Expense set State=0" << OrderText::billClosed() << "";
         QTest::newRow("merged away") << "1" << "delete from Expense" << OrderText::billGone() << "";
-        QTest::newRow("return on a printed bill") << "-1" << "update Expense set Other2='1'" << "此单已打印过消费明细，系统不允许删除！\n如果需要进行删除，请在“营业设置”中进行设置！" << "";
-        // clang-format on
+        QTest::newRow("return on a printed bill") << "-1" << "update Expense set Other2='1'" << "此单已打印过消费明细，系统不允许删除！\n如果需要进行删除，请在“营业设置”中进行设置！" << ""; // clang-format on
     }
     void refused() {
         auto [num, change, message, field] =
@@ -137,8 +133,7 @@ class TestOrderEntry : public QObject {
         QCOMPARE(e->thisCode(), QString());
     }
 
-    void voids_data() {
-        // clang-format off
+    void voids_data() { // clang-format off
         columns<bool, QString, bool>("managed", "num", "isFree");
         QTest::addColumn<QString>("setting"); // PrintExpenseEndBill
         QTest::addColumn<QString>("change");  // applied to the bill before the void
@@ -155,8 +150,7 @@ class TestOrderEntry : public QObject {
         QTest::newRow("protection on, not printed") << true << "2" << false << "1" << "" << 8.0 << 10.0 << true;
         QTest::newRow("protection on, another mark") << true << "2" << false << "1" << "update Expense set Other2='2'" << 8.0 << 10.0 << true;
         QTest::newRow("only the text 1 protects") << true << "2" << false << "1.0" << printed << 8.0 << 10.0 << true;
-        QTest::newRow("settled elsewhere") << true << "2" << false << "0" << "update Expense set State=0" << 8.0 << 8.0 << false;
-        // clang-format on
+        QTest::newRow("settled elsewhere") << true << "2" << false << "0" << "update Expense set State=0" << 8.0 << 8.0 << false; // clang-format on
     }
     void voids() {
         auto [managed, num, isFree, setting, change, afterOrder, afterVoid, allowed] =
@@ -210,8 +204,7 @@ class TestOrderEntry : public QObject {
         QCOMPARE(e->thisSumTag(), u"0.00"_s);
     }
 
-    void quick_entry_data() {
-        // clang-format off
+    void quick_entry_data() { // clang-format off
         columns<QString, bool, int, QString>("text", "autoAdd", "next", "ware");
         QTest::addColumn<QString>("num"); // "-": the box keeps its text
         QTest::addColumn<QString>("message");
@@ -224,8 +217,7 @@ class TestOrderEntry : public QObject {
         QTest::newRow("no prefix match") << "d 2" << true << int(N::NotFound) << "" << "-" << "没找到助记符为“d”的商品或服务！";
         QTest::newRow("quote in a mnemonic") << "O'N 1.5" << true << int(N::Save) << "quote" << "1.5" << "";
         QTest::newRow("second blank stays with the quantity") << "pj  3" << true << int(N::Save) << "beer" << " 3" << "";
-        QTest::newRow("quantity no number") << "pj 2 3" << true << int(N::BadQuantity) << "beer" << "-" << "您输入2 3数量有误，请重新输入！";
-        // clang-format on
+        QTest::newRow("quantity no number") << "pj 2 3" << true << int(N::BadQuantity) << "beer" << "-" << "您输入2 3数量有误，请重新输入！"; // clang-format on
     }
     void quick_entry() {
         auto [text, autoAdd, next, ware, num, message] = fetch<QString, bool, int, QString, QString, QString>(
@@ -239,16 +231,14 @@ class TestOrderEntry : public QObject {
         QCOMPARE(q.message, message);
     }
 
-    void tree_choice_data() {
-        // clang-format off
+    void tree_choice_data() { // clang-format off
         columns<QString, QString>("key", "text");
         QTest::addColumn<QString>("ware"); // "-": a type node, nothing to order
         QTest::addColumn<double>("tiCheng");
         QTest::newRow("article") << "Kbeer" << "啤酒   8.00   提 1.50" << "beer" << 1.5;
         QTest::newRow("type node") << "t01" << "酒水" << "-" << 0.0;
         // Read back from the text, the first "提 " wins: such a name misleads the commission.
-        QTest::newRow("name holding the marker") << "Ktira" << "提 拉米苏   30.00   提 3.00" << "tira" << 0.0;
-        // clang-format on
+        QTest::newRow("name holding the marker") << "Ktira" << "提 拉米苏   30.00   提 3.00" << "tira" << 0.0; // clang-format on
     }
     void tree_choice() {
         auto [key, text, ware, tiCheng] =
@@ -281,13 +271,11 @@ class TestOrderEntry : public QObject {
         QCOMPARE(got.join(u' '), u"8.00 12.00 6.00 6.40 0.00 0.00"_s);
     }
 
-    void notes_data() {
-        // clang-format off
+    void notes_data() { // clang-format off
         QTest::addColumn<QString>("note");
         QTest::newRow("plain") << "少冰";
         QTest::newRow("quotes and backslash") << "O'Neil's \"特调\" \\n";
-        QTest::newRow("emoji, long") << u"🎂"_s + QString(600, QChar(0x6C34));
-        // clang-format on
+        QTest::newRow("emoji, long") << u"🎂"_s + QString(600, QChar(0x6C34)); // clang-format on
     }
     void notes() {
         QFETCH(QString, note);

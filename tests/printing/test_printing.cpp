@@ -201,8 +201,7 @@ class TestPrinting : public QObject {
         qputenv("XDG_CONFIG_HOME", m_config.path().toUtf8());
         InstallPrinting();
     }
-    void layout_data() {
-        // clang-format off
+    void layout_data() { // clang-format off
         columns<int, Receipt, QString>("paper", "receipt", "text");
         QTest::newRow("Chinese takes two cells") << 58 << Receipt().total(u"实收"_s, {}, u"￥12.50"_s) << u"实收：                   ￥12.50\n"_s;
         QTest::newRow("long value goes on beside its caption") << 58
@@ -218,8 +217,7 @@ class TestPrinting : public QObject {
             << Receipt().table({{u"项目"_s, 0, Align::Left}, {u"数量/金额"_s, 4, Align::Right}, {QString(), 8, Align::Right}}, {{u"薯条"_s, u"2"_s, u"56.00"_s}})
             << u"项目                                   数量/金额\n" "薯条                                  2    56.00\n"_s;
         QTest::newRow("large line keeps its place") << 58 << Receipt().title(u"后厨单"_s) << u"          后厨单\n"_s;
-        QTest::newRow("empty label takes no line") << 80 << Receipt().label(u"lblYM"_s, {}).rule() << QString(QString(48, u'-') + u'\n');
-        // clang-format on
+        QTest::newRow("empty label takes no line") << 80 << Receipt().label(u"lblYM"_s, {}).rule() << QString(QString(48, u'-') + u'\n'); // clang-format on
     }
     void layout() {
         auto [paper, receipt, text] = fetch<int, Receipt, QString>("paper", "receipt", "text");
@@ -227,8 +225,7 @@ class TestPrinting : public QObject {
     }
     // Each design from the stored data, against its expected text, with its filled labels in
     // the order of the design.
-    void designs_data() {
-        // clang-format off
+    void designs_data() { // clang-format off
         columns<QString, int, QString>("fixture", "paper", "labels");
         const QString bill = u"lblCompanyName lblAddress lblPhone lblYM lblID lblTheCode"_s;
         QTest::newRow("DREndExpense") << "DREndExpense" << 80
@@ -251,8 +248,7 @@ class TestPrinting : public QObject {
         QTest::newRow("bar ticket") << "bar" << 58 << u"lblCompanyName lblTheCode lblExpenseID lblThisSum lblOperatorName"_s;
         QTest::newRow("DRCloseHouse") << "DRCloseHouse" << 58 << u"lblCompanyName lblTime lblSumNum lblSumMoney"_s;
         QTest::newRow("DRFindPrint") << "DRFindPrint" << 80
-            << u"lblCompanyName lblTime lblSumMoney lblSumChongzhi lblSumFreePay " "lblCashPay lblSumMoneyOutSale lblOperatorName lblNow"_s;
-        // clang-format on
+            << u"lblCompanyName lblTime lblSumMoney lblSumChongzhi lblSumFreePay " "lblCashPay lblSumMoneyOutSale lblOperatorName lblNow"_s; // clang-format on
     }
     void designs() {
         auto [fixture, paper, labels] = fetch<QString, int, QString>("fixture", "paper", "labels");
@@ -344,14 +340,12 @@ class TestPrinting : public QObject {
             at = found + value.size();
         }
     }
-    void billChoice_data() {
-        // clang-format off
+    void billChoice_data() { // clang-format off
         columns<QString, double, QString, bool, QString, QString, int>("room", "theMoney", "category", "allVoid", "design", "payLevel", "lines");
         QTest::newRow("settled charge 0 keeps the line, empty") << "r1" << 0.0 << "0" << false << "DREndExpense" << "" << 3;
         QTest::newRow("brief is any other value") << "r1" << 180.0 << "-1" << false << "DREndExpense_c" << "180.00" << 3;
         QTest::newRow("no category is detailed") << "r2" << 0.0 << "" << false << "DREndExpenseNoHouse" << "" << 3;
-        QTest::newRow("all lines voided") << "r1" << 180.0 << "1" << true << "DREndExpense_c" << "180.00" << 0;
-        // clang-format on
+        QTest::newRow("all lines voided") << "r1" << 180.0 << "1" << true << "DREndExpense_c" << "180.00" << 0; // clang-format on
     }
     void billChoice() {
         auto [room, theMoney, category, allVoid, design, payLevel, lines] =
@@ -427,8 +421,7 @@ class TestPrinting : public QObject {
         // The printed ticket leaves the list of those still to print.
         QCOMPARE(child<QTreeWidget>(&queue, "lvwJobs")->topLevelItemCount(), 0);
     }
-    void copies_data() {
-        // clang-format off
+    void copies_data() { // clang-format off
         columns<QString, QString, QString>("print", "endBillNum", "hcNum");
         QTest::addColumn<QString>("btNum"); // config.ini; "-" leaves it out
         QTest::addColumn<int>("slips");
@@ -438,8 +431,7 @@ class TestPrinting : public QObject {
         QTest::newRow("kitchen HCNum 2") << "kitchen" << "3" << "2" << "-" << 2;
         QTest::newRow("kitchen HCNum 0 prints none") << "kitchen" << "1" << "0" << "-" << 0;
         QTest::newRow("no BTNum no bar ticket") << "bar" << "1" << "1" << "-" << 0;
-        QTest::newRow("BTNum of this workstation") << "bar" << "1" << "1" << "2" << 2;
-        // clang-format on
+        QTest::newRow("BTNum of this workstation") << "bar" << "1" << "1" << "2" << 2; // clang-format on
     }
     void copies() {
         auto [print, endBillNum, hcNum, btNum, slips] =
@@ -525,12 +517,10 @@ class TestPrinting : public QObject {
         QVERIFY(!got.first().contains(EscPos::Gbk(u"小果盘"_s)));
         QCOMPARE(ReprintLastTickets(u"e1"_s).jobs.size(), 0);
     }
-    void openingSlip_data() {
-        // clang-format off
+    void openingSlip_data() { // clang-format off
         QTest::addColumn<bool>("reachable");
         QTest::newRow("printed") << true;
-        QTest::newRow("printer down, room open all the same") << false;
-        // clang-format on
+        QTest::newRow("printer down, room open all the same") << false; // clang-format on
     }
     void openingSlip() {
         QFETCH(bool, reachable);
@@ -563,15 +553,13 @@ class TestPrinting : public QObject {
         }
     }
     // The slips as PDF files, read back by a PDF text tool.
-    void pdfText_data() {
-        // clang-format off
+    void pdfText_data() { // clang-format off
         columns<QString, QString, QStringList>("print", "design", "texts");
         QTest::newRow("final bill") << "bill" << "DREndExpense"
             << QStringList{u"星澜KTV（滨江店）"_s, u"地址：滨江路88号"_s, u"e1"_s, u"中包-B02"_s, u"11-21 17:30"_s, u"2小时15分钟"_s, u"青岛啤酒"_s, u"90.00"_s, u"包厢费"_s, u"180.00"_s, u"446.00"_s, u"实收"_s, u"440.00"_s, u"小王"_s};
         QTest::newRow("kitchen ticket") << "kitchen" << "DRExpenseThisHC" << QStringList{u"后厨单"_s, u"B02"_s,  u"e2"_s, u"薯条"_s,   u"少盐"_s, u"小果盘"_s};
         QTest::newRow("top-up receipt") << "chongzhi" << "DRChongzhi"
-            << QStringList{u"8003"_s,  u"李娜"_s,  u"2026-11-21"_s, u"1,200"_s, u"1,000"_s, u"12,346"_s};
-        // clang-format on
+            << QStringList{u"8003"_s,  u"李娜"_s,  u"2026-11-21"_s, u"1,200"_s, u"1,000"_s, u"12,346"_s}; // clang-format on
     }
     void pdfText() {
         auto [print, design, texts] = fetch<QString, QString, QStringList>("print", "design", "texts");
@@ -615,16 +603,14 @@ class TestPrinting : public QObject {
             at = found + t.size();
         }
     }
-    void optionsPage_data() {
-        // clang-format off
+    void optionsPage_data() { // clang-format off
         columns<bool, QString, bool, QString, QString, QString>("hc", "hcPrinter", "bt", "btPrinter", "message", "focus");
         QTest::addColumn<QString>("endBillNum"); // stored after the save
         columns<QString, QString>("hcNum", "btNum");
         QTest::newRow("kitchen on mends the copies") << true << "tcp://10.0.0.8:9100" << false << "" << "" << "" << "1" << "1" << "-2";
         QTest::newRow("kitchen off keeps a zero") << false << "" << true << "PDF:" << "" << "" << "0" << "2" << "1";
         QTest::newRow("kitchen without printer") << true << "" << false << "" << "请选择后厨打印机！" << "cmbHC" << "1" << "2" << "1";
-        QTest::newRow("bar without printer") << false << "" << true << "" << "请选择吧台打印机！" << "cmbBT" << "1" << "2" << "1";
-        // clang-format on
+        QTest::newRow("bar without printer") << false << "" << true << "" << "请选择吧台打印机！" << "cmbBT" << "1" << "2" << "1"; // clang-format on
     }
     void optionsPage() {
         auto [hc, hcPrinter, bt, btPrinter, message, focus, endBillNum, hcNum, btNum] =

@@ -64,8 +64,7 @@ class TestChargeEngine : public QObject {
     }
 
   private Q_SLOTS:
-    void roomMoney_data() {
-        // clang-format off
+    void roomMoney_data() { // clang-format off
         columns<QString, int, int, QString, QString, int, double, bool, double, QString>("periods", "unit", "notOne", "open", "close", "payLevelType", "goods", "useMinMoney", "oldMoney", "expected");
         const QString withMinimum = u"0-18:60:300 18-24:100"_s;
         const QString fixedB = u"0-18:60:0:3:150 18-24:80:0:3:200"_s;
@@ -139,8 +138,7 @@ class TestChargeEngine : public QObject {
 
         // A unit of 0 or below charges no time instead of looping.
         row("unit 0", TariffA, 0, 1, "17:20", "19:35", 1, "0");
-        row("negative unit", TariffA, -30, 0, "17:20", "19:35", 1, "0");
-        // clang-format on
+        row("negative unit", TariffA, -30, 0, "17:20", "19:35", 1, "0"); // clang-format on
     }
     void roomMoney() {
         auto [periods, unit, notOne, open, close, payLevelType, goods, useMinMoney, oldMoney, expected] =
@@ -154,16 +152,14 @@ class TestChargeEngine : public QObject {
     }
 
     // Long stays are summed by whole days of units; they must cost what unit-by-unit does.
-    void longStays_data() {
-        // clang-format off
+    void longStays_data() { // clang-format off
         columns<int, int, QString, QString>("unit", "notOne", "open", "close");
         QTest::newRow("1 minute, 3 days") << 1 << 2 << "09:13" << "2026-11-24 11:07";
         QTest::newRow("7 minutes, 20 days") << 7 << 1 << "17:20" << "2026-12-11 03:41";
         QTest::newRow("45 minutes, 9 days") << 45 << 0 << "23:59" << "2026-11-30 23:58";
         QTest::newRow("13 minutes, with seconds") << 13 << 2 << "06:00:30" << "2026-11-29 05:59:10";
         QTest::newRow("unit longer than a day") << 1500 << 1 << "12:00" << "2026-12-03 00:00";
-        QTest::newRow("whole days of units") << 1 << 2 << "05:00" << "2026-11-23 05:00";
-        // clang-format on
+        QTest::newRow("whole days of units") << 1 << 2 << "05:00" << "2026-11-23 05:00"; // clang-format on
     }
     void longStays() {
         auto [unit, notOne, open, close] =
@@ -173,16 +169,14 @@ class TestChargeEngine : public QObject {
                  slowHourMoney(at(open), at(close), unit, notOne, 10, g));
     }
 
-    void expendTimeText_data() {
-        // clang-format off
+    void expendTimeText_data() { // clang-format off
         columns<QString, QString, QString>("open", "close", "text");
         QTest::newRow("negative") << "17:20" << "17:19" << "未知";
         QTest::newRow("none") << "17:20" << "17:20" << "0分钟";
         QTest::newRow("seconds ignored") << "10:00:50" << "10:01:10" << "1分钟";
         QTest::newRow("under an hour") << "17:20" << "18:19" << "59分钟";
         QTest::newRow("whole hour") << "17:20" << "18:20" << "1小时0分钟";
-        QTest::newRow("over a day") << "17:20" << "2026-11-22 18:25" << "25小时5分钟";
-        // clang-format on
+        QTest::newRow("over a day") << "17:20" << "2026-11-22 18:25" << "25小时5分钟"; // clang-format on
     }
     void expendTimeText() {
         auto [open, close, text] = fetch<QString, QString, QString>("open", "close", "text");

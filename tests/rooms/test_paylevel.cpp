@@ -38,8 +38,7 @@ void choose(QComboBox* c, const QString& text) {
 class TestPayLevel : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void validation_data() {
-        // clang-format off
+    void validation_data() { // clang-format off
         columns<QString, QString, QString>("what", "message", "field");
         QTest::newRow("no name") << "name" << "请计费标准名称！" << "txtPayLevelName";
         QTest::newRow("free minutes not numeric") << "after" << "请输入开始计费时间！" << "txtAfterTime";
@@ -51,8 +50,7 @@ class TestPayLevel : public QObject {
         QTest::newRow("unit text") << "unitText" << "请输入计费单位！" << "txtUnit";
         QTest::newRow("unit negative") << "unitNeg" << "请输入计费单位！" << "txtUnit";
         QTest::newRow("grace minutes") << "grace" << "请输入优惠时间！" << "txtPrivilegeTime";
-        QTest::newRow("prices are not checked") << "price" << "" << "";
-        // clang-format on
+        QTest::newRow("prices are not checked") << "price" << "" << ""; // clang-format on
     }
     void validation() {
         auto [what, message, field] = fetch<QString, QString, QString>("what", "message", "field");

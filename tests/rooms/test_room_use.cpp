@@ -47,15 +47,13 @@ void setNow(const QDateTime& t) {
 class TestRoomUse : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void open_validates_data() {
-        // clang-format off
+    void open_validates_data() { // clang-format off
         columns<QString, QString, QString, QString>("num", "startMoney", "message", "field");
         QTest::newRow("guests not a number") << "六" << "0" << "请输入顾客人数！" << "txtNum";
         QTest::newRow("guests empty") << "" << "0" << "请输入顾客人数！" << "txtNum";
         QTest::newRow("door money not a number") << "2" << "abc" << "请输入门票金额！" << "txtStartMoney";
         QTest::newRow("both wrong: guests first") << "x" << "y" << "请输入顾客人数！" << "txtNum";
-        QTest::newRow("zero guests and no door money are fine") << "0" << "0" << "" << "";
-        // clang-format on
+        QTest::newRow("zero guests and no door money are fine") << "0" << "0" << "" << ""; // clang-format on
     }
     void open_validates() {
         auto [num, startMoney, message, field] =
@@ -94,8 +92,7 @@ class TestRoomUse : public QObject {
             MinutesBetween(ParseTime(u"2026-11-21 21:07"_s), QDateTime(QDate(2026, 11, 21), QTime(21, 13))),
             6);
     }
-    void open_follows_the_stored_state_data() {
-        // clang-format off
+    void open_follows_the_stored_state_data() { // clang-format off
         columns<int, QString, bool>("state", "other1", "opens");
         QTest::newRow("free") << 0 << "" << true;
         QTest::newRow("reserved") << 3 << "" << true;
@@ -103,8 +100,7 @@ class TestRoomUse : public QObject {
         QTest::newRow("lock with a damaged end") << 4 << "soon" << true;
         QTest::newRow("lock still running") << 4 << "2026-11-21 20:00" << false;
         QTest::newRow("stopped") << 2 << "" << false;
-        QTest::newRow("in use") << 1 << "" << false;
-        // clang-format on
+        QTest::newRow("in use") << 1 << "" << false; // clang-format on
     }
     void open_follows_the_stored_state() {
         auto [state, other1, opens] = fetch<int, QString, bool>("state", "other1", "opens");
@@ -138,16 +134,14 @@ class TestRoomUse : public QObject {
                      u"1|"_s + text(u"select ExpenseID from Expense where TheID='r1' and State=1"_s));
         }
     }
-    void change_validates_data() {
-        // clang-format off
+    void change_validates_data() { // clang-format off
         columns<QString, QString>("code", "message");
         QTest::newRow("empty") << "  " << "请输入更换的房间编号！";
         QTest::newRow("no such room") << "999" << "对不起，您要更换的包厢不存在！";
         QTest::newRow("its own room") << "101" << "您要更换的包厢已被占用或暂停使用，请重新输入！";
         QTest::newRow("stopped") << "103" << "您要更换的包厢已被占用或暂停使用，请重新输入！";
         QTest::newRow("lock run out still counts") << "104" << "您要更换的包厢已被占用或暂停使用，请重新输入！";
-        QTest::newRow("quote is ordinary text") << "1'0" << "对不起，您要更换的包厢不存在！";
-        // clang-format on
+        QTest::newRow("quote is ordinary text") << "1'0" << "对不起，您要更换的包厢不存在！"; // clang-format on
     }
     void change_validates() {
         auto [code, message] = fetch<QString, QString>("code", "message");
@@ -226,16 +220,14 @@ class TestRoomUse : public QObject {
         QCOMPARE(goods, goodsBefore + Money::yuan(30));
         QCOMPARE(roomMoney, roomBefore);
     }
-    void merge_refuses_data() {
-        // clang-format off
+    void merge_refuses_data() { // clang-format off
         columns<QString, QString, QString, QString>("from", "into", "message", "field");
         const QString fromWrong = RoomUseText::mergeFromWrong(), intoWrong = RoomUseText::mergeIntoWrong();
         QTest::newRow("free room to fold in") << "103" << "102" << fromWrong << "txt1";
         QTest::newRow("unknown room") << "9'9" << "102" << fromWrong << "txt1";
         QTest::newRow("same room twice") << "101" << "101" << intoWrong << "txt2";
         QTest::newRow("stopped room to fold into") << "101" << "104" << intoWrong << "txt2";
-        QTest::newRow("empty target") << "101" << "" << intoWrong << "txt2";
-        // clang-format on
+        QTest::newRow("empty target") << "101" << "" << intoWrong << "txt2"; // clang-format on
     }
     void merge_refuses() {
         auto [from, into, message, field] =
@@ -258,16 +250,14 @@ class TestRoomUse : public QObject {
         QCOMPARE(count(u"select count(*) from Expense where State=1"_s), 2);
         QCOMPARE(count(u"select count(*) from ExpenseDetail where ExpenseID=?"_s, {b1}), 1);
     }
-    void isHigh2Low_data() {
-        // clang-format off
+    void isHigh2Low_data() { // clang-format off
         columns<QString, double, bool>("code", "oldPrice", "result");
         // The starting tariff is by time; "dear" is a fixed 100.
         QTest::newRow("dearer old price") << "V01" << 120.0 << true;
         QTest::newRow("same price") << "V01" << 100.0 << false;
         QTest::newRow("cheaper old price") << "V01" << 80.0 << false;
         QTest::newRow("by-time tariff") << "101" << 500.0 << false;
-        QTest::newRow("no such room") << "nope" << 500.0 << false;
-        // clang-format on
+        QTest::newRow("no such room") << "nope" << 500.0 << false; // clang-format on
     }
     void isHigh2Low() {
         auto [code, oldPrice, result] = fetch<QString, double, bool>("code", "oldPrice", "result");

@@ -92,8 +92,7 @@ class TestRoomsDb : public QObject {
     }
     void cleanupTestCase() { m_venue.reset(); }
 
-    void currency_data() {
-        // clang-format off
+    void currency_data() { // clang-format off
         columns<QString, int, QString, QString, QString, bool, double, QString, QString, int>("tariff", "payLevelType", "open", "close", "lines", "useMinMoney", "oldMoney", "goods", "room", "messages");
         // The worked examples, read back from stored rows.
         QTest::newRow("by time over the period change") << "A1" << 1 << "17:20" << "19:35" << "" << false << 0.0 << "0" << "210" << 0;
@@ -113,8 +112,7 @@ class TestRoomsDb : public QObject {
         QTest::newRow("stored decimals round to even") << "Dec" << 1 << "11:00" << "13:00" << "" << false << 0.0 << "0" << "178" << 0;
         QTest::newRow("closing time with seconds") << "A1" << 1 << "17:20" << "18:50:59" << "" << false << 0.0 << "0" << "110" << 0;
         QTest::newRow("tariff gone, by time") << "gone" << 1 << "17:20" << "19:35" << "8" << true << 0.0 << "8" << "0" << 1;
-        QTest::newRow("tariff gone, fixed") << "gone" << 0 << "17:20" << "19:35" << "" << false << 5.0 << "0" << "5" << 1;
-        // clang-format on
+        QTest::newRow("tariff gone, fixed") << "gone" << 0 << "17:20" << "19:35" << "" << false << 5.0 << "0" << "5" << 1; // clang-format on
     }
     void currency() {
         auto [tariff, payLevelType, open, close, lines, useMinMoney, oldMoney, goods, room, messages] =
@@ -179,8 +177,7 @@ class TestRoomsDb : public QObject {
         QCOMPARE(t.GetAllByAssortType(u"T1"_s).first().text(u"TheCode"_s), u"101"_s);
     }
 
-    void roomStatus_data() {
-        // clang-format off
+    void roomStatus_data() { // clang-format off
         columns<int, QString, QString, QString>("state", "other1", "key", "label");
         // Now is 2026-11-21 20:00.
         QTest::newRow("free") << 0 << "" << "Common" << "空闲";
@@ -192,8 +189,7 @@ class TestRoomsDb : public QObject {
         QTest::newRow("lock ended a minute ago") << 4 << "2026-11-21 19:59" << "Common" << "空闲";
         QTest::newRow("lock end empty") << 4 << "" << "Common" << "空闲";
         QTest::newRow("lock end damaged") << 4 << "明天" << "Common" << "空闲";
-        QTest::newRow("unknown state") << 9 << "2026-11-21 20:30" << "Common" << "空闲";
-        // clang-format on
+        QTest::newRow("unknown state") << 9 << "2026-11-21 20:30" << "Common" << "空闲"; // clang-format on
     }
     void roomStatus() {
         auto [state, other1, key, label] =

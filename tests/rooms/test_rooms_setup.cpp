@@ -64,8 +64,7 @@ class TestRoomsSetup : public QObject {
   private Q_SLOTS:
     // ---- services
 
-    void roomType_data() {
-        // clang-format off
+    void roomType_data() { // clang-format off
         columns<QString, QString, QString, QString, QString>("id", "name", "tariff", "message", "field");
         const QString noName = u"请输入分类名称！"_s, noTariff = u"请选择包厢所属分类！"_s;
         QTest::newRow("no name") << "" << "" << StandardTariff << noName << "txtAssortName";
@@ -75,8 +74,7 @@ class TestRoomsSetup : public QObject {
         QTest::newRow("new") << "" << "豪华包" << StandardTariff << "" << "";
         QTest::newRow("quotes and emoji") << "" << "O'Neil \"\\ 🎤" << StandardTariff << "" << "";
         QTest::newRow("edit") << "t1" << "改名" << StandardTariff << "" << "";
-        QTest::newRow("edit of a deleted type") << "gone" << "改名" << StandardTariff << RoomText::typeGone() << "";
-        // clang-format on
+        QTest::newRow("edit of a deleted type") << "gone" << "改名" << StandardTariff << RoomText::typeGone() << ""; // clang-format on
     }
     void roomType() {
         auto [id, name, tariff, message, field] =
@@ -96,8 +94,7 @@ class TestRoomsSetup : public QObject {
                  name + u'|' + tariff);
     }
 
-    void room_data() {
-        // clang-format off
+    void room_data() { // clang-format off
         columns<QString, QString, QString, QString, QString, QString>("id", "code", "type", "message", "field", "stored");
         const QString noCode = u"请输入手牌编号！"_s, noType = u"请选择包厢的类型！"_s;
         QTest::newRow("no code") << "" << "" << "t1" << noCode << "txtHouseCode" << "";
@@ -112,8 +109,7 @@ class TestRoomsSetup : public QObject {
         QTest::newRow("code trimmed") << "" << " 106 " << "t1" << "" << "" << "106";
         QTest::newRow("quote in code") << "" << "V'IP" << "t1" << "" << "" << "V'IP";
         QTest::newRow("edit keeping its code") << "r1" << "101" << "t1" << "" << "" << "101";
-        QTest::newRow("edit to a new code") << "r1" << "888" << "t1" << "" << "" << "888";
-        // clang-format on
+        QTest::newRow("edit to a new code") << "r1" << "888" << "t1" << "" << "" << "888"; // clang-format on
     }
     void room() {
         auto [id, code, type, message, field, stored] =
@@ -143,8 +139,7 @@ class TestRoomsSetup : public QObject {
                  u"营业设置|设置包厢|成功|编辑包厢数据，包厢号："_s + stored);
     }
 
-    void batch_data() {
-        // clang-format off
+    void batch_data() { // clang-format off
         columns<QString, QString, QString, QString, QString, QString, QStringList>("marker", "start", "end", "type", "message", "field", "added");
         const QString noStart = u"请输入手牌编号！"_s, startNaN = u"手牌编号只能输入数字！"_s,
                       endNaN = u"手牌的结束编号只能输入数字！"_s,
@@ -164,8 +159,7 @@ class TestRoomsSetup : public QObject {
         QTest::newRow("marker and numbers") << "A" << "1" << "3" << "t1" << "" << "" << QStringList{u"A1"_s, u"A2"_s, u"A3"_s};
         QTest::newRow("leading zeros are a number") << "B" << "009" << "011" << "t1" << "" << "" << QStringList{u"B9"_s, u"B10"_s, u"B11"_s};
         QTest::newRow("no marker") << "" << " 201 " << "202" << "t1" << "" << "" << QStringList{u"201"_s, u"202"_s};
-        QTest::newRow("end cut to whole steps") << "D" << "1" << "2.5" << "t1" << "" << "" << QStringList{u"D1"_s, u"D2"_s};
-        // clang-format on
+        QTest::newRow("end cut to whole steps") << "D" << "1" << "2.5" << "t1" << "" << "" << QStringList{u"D1"_s, u"D2"_s}; // clang-format on
     }
     void batch() {
         auto [marker, start, end, type, message, field, added] =
@@ -198,16 +192,14 @@ class TestRoomsSetup : public QObject {
         QVERIFY(RoomService().saveRoom({{}, u"K999"_s, u"t1"_s, {}}).ok());
     }
 
-    void deletes_data() {
-        // clang-format off
+    void deletes_data() { // clang-format off
         columns<QString, QString, bool>("what", "id", "refused");
         QTest::addRow("type with rooms") << "type" << "t1" << true;
         QTest::addRow("type without rooms") << "type" << "t2" << false;
         QTest::addRow("free room") << "room" << "r1" << false;
         QTest::addRow("room in use") << "room" << "r2" << true;
         QTest::addRow("room with a settled bill") << "room" << "r3" << true;
-        QTest::addRow("stopped room") << "room" << "r4" << false;
-        // clang-format on
+        QTest::addRow("stopped room") << "room" << "r4" << false; // clang-format on
     }
     void deletes() {
         auto [what, id, refused] = fetch<QString, QString, bool>("what", "id", "refused");
@@ -229,8 +221,7 @@ class TestRoomsSetup : public QObject {
                  refused ? 1 : 0);
     }
 
-    void stopResume_data() {
-        // clang-format off
+    void stopResume_data() { // clang-format off
         columns<bool, int, QString, QString, int, QString>("stop", "state", "other1", "message", "after", "otherAfter");
         // The test clock stands at 2026-11-21 20:00.
         const QString changed = RoomText::stateChanged();
@@ -246,8 +237,7 @@ class TestRoomsSetup : public QObject {
         QTest::newRow("resume locked, before its end") << false << 4 << "2026-11-21 20:10" << "" << 0 << "";
         QTest::newRow("resume free") << false << 0 << "" << changed << 0 << "";
         QTest::newRow("resume in use") << false << 1 << "" << changed << 1 << "";
-        QTest::newRow("resume reserved") << false << 3 << "" << changed << 3 << "";
-        // clang-format on
+        QTest::newRow("resume reserved") << false << 3 << "" << changed << 3 << ""; // clang-format on
     }
     void stopResume() {
         auto [stop, state, other1, message, after, otherAfter] =
@@ -302,12 +292,10 @@ class TestRoomsSetup : public QObject {
         QCOMPARE(messages(), QStringList{RoomText::typeGone()});
     }
 
-    void roomDialogAddsOneAfterAnother_data() {
-        // clang-format off
+    void roomDialogAddsOneAfterAnother_data() { // clang-format off
         QTest::addColumn<bool>("clear");
         QTest::newRow("inputs kept") << false;
-        QTest::newRow("inputs cleared") << true;
-        // clang-format on
+        QTest::newRow("inputs cleared") << true; // clang-format on
     }
     void roomDialogAddsOneAfterAnother() {
         QFETCH(bool, clear);

@@ -117,14 +117,12 @@ class TestCheckout : public QObject {
                   {yuan(33.5)});
         QCOMPARE(CheckoutService().load(u"e1"_s, TestVenue::fixedNow(), true)->room, yuan(33.5));
     }
-    void paid_with_member_writes_bill_room_and_member_data() {
-        // clang-format off
+    void paid_with_member_writes_bill_room_and_member_data() { // clang-format off
         columns<int, int, QString>("mode", "lockTime", "card");
         QTest::newRow("paid, room free") << 0 << 0 << "30";
         QTest::newRow("paid, room locked") << 0 << 10 << "30";
         QTest::newRow("free") << 1 << 0 << "30";
-        QTest::newRow("deferred") << 2 << 0 << "30";
-        // clang-format on
+        QTest::newRow("deferred") << 2 << 0 << "30"; // clang-format on
     }
     // The rows a checkout leaves: the bill's closing fields, the room, the member.
     void paid_with_member_writes_bill_room_and_member() {
@@ -168,13 +166,11 @@ class TestCheckout : public QObject {
         QCOMPARE(m.money(u"sumValue"_s), paid ? yuan(1000) + settled : yuan(1000));
         QCOMPARE(m.money(u"chongzhi"_s), paid ? yuan(170) : yuan(200));
     }
-    void points_round_half_to_even_data() {
-        // clang-format off
+    void points_round_half_to_even_data() { // clang-format off
         columns<QString, double>("cash", "points");
         QTest::newRow("9.5 gives 10") << "95" << 10.0;
         QTest::newRow("8.5 gives 8") << "85" << 8.0;
-        QTest::newRow("no 16-bit limit") << "400000" << 40000.0;
-        // clang-format on
+        QTest::newRow("no 16-bit limit") << "400000" << 40000.0; // clang-format on
     }
     void points_round_half_to_even() {
         QFETCH(QString, cash);
@@ -259,14 +255,12 @@ class TestCheckout : public QObject {
         // Paid is paid: a second settling finds nothing deferred.
         QVERIFY(CheckoutService().close(pay).billChanged);
     }
-    void deferred_search_data() {
-        // clang-format off
+    void deferred_search_data() { // clang-format off
         columns<QString, QStringList>("text", "found");
         QTest::newRow("blank lists all, oldest opening first") << " " << u"d1,d2,d3"_s.split(u',');
         QTest::newRow("substring") << "王" << u"d1,d3"_s.split(u',');
         QTest::newRow("no match") << "赵" << QStringList{};
-        QTest::newRow("a quote is ordinary text") << "O'" << QStringList{u"d2"_s};
-        // clang-format on
+        QTest::newRow("a quote is ordinary text") << "O'" << QStringList{u"d2"_s}; // clang-format on
     }
     void deferred_search() {
         auto [text, found] = fetch<QString, QStringList>("text", "found");

@@ -30,8 +30,7 @@ const auto PasswordOk = [] { return true; };
 class TestCheckoutModel : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void receivable_by_setting_data() {
-        // clang-format off
+    void receivable_by_setting_data() { // clang-format off
         columns<double, double, int, QString>("goods", "room", "format", "receivable");
         QTest::newRow("keep decimals") << 31.25 << 88.50 << 0 << "119.75";
         QTest::newRow("cut to whole") << 31.25 << 88.50 << 1 << "119";
@@ -44,8 +43,7 @@ class TestCheckoutModel : public QObject {
         QTest::newRow("cents first") << 0.005 << 0.0 << 0 << "0.01";
         QTest::newRow("cents first then rounded") << 118.495 << 0.0 << 2 << "118";
         QTest::newRow("no 16-bit limit") << 40000.5 << 0.0 << 2 << "40000";
-        QTest::newRow("large cut") << 99999.99 << 0.0 << 1 << "99999";
-        // clang-format on
+        QTest::newRow("large cut") << 99999.99 << 0.0 << 1 << "99999"; // clang-format on
     }
     void receivable_by_setting() {
         auto [goods, room, format, receivable] =
@@ -56,15 +54,13 @@ class TestCheckoutModel : public QObject {
         QCOMPARE(QStringList({m.expenseMoney, m.oughtMoney}), QStringList({receivable, receivable}));
         QCOMPARE(QStringList({m.noMoney, m.factPay, m.chongzhiD, m.freePay}), QStringList(4, u"0"_s));
     }
-    void settlement_recomputes_the_boxes_data() {
-        // clang-format off
+    void settlement_recomputes_the_boxes_data() { // clang-format off
         columns<double, QString, QString, QString, QString>("receivable", "settlement", "noMoney", "discount", "temp");
         QTest::newRow("nothing owed, no division") << 0.0 << "0" << "0" << "10" << "0.00";
         QTest::newRow("15 per cent off") << 100.0 << "85" << "15" << "8.50" << "-85.00";
         QTest::newRow("unformatted reduction") << 119.75 << "107.78" << "11.97" << "9.00" << "-107.78";
         QTest::newRow("raised above the receivable") << 100.0 << "120" << "-20" << "12.00" << "-120.00";
-        QTest::newRow("letters settle at 0") << 100.0 << "abc" << "100" << "0.00" << "0.00";
-        // clang-format on
+        QTest::newRow("letters settle at 0") << 100.0 << "abc" << "100" << "0.00" << "0.00"; // clang-format on
     }
     void settlement_recomputes_the_boxes() {
         auto [receivable, settlement] = fetch<double, QString>("receivable", "settlement");
@@ -78,8 +74,7 @@ class TestCheckoutModel : public QObject {
         QTEST(m.temp, "temp");
         QCOMPARE(m.tempRed, m.temp.startsWith(u'-'));
     }
-    void member_discount_data() {
-        // clang-format off
+    void member_discount_data() { // clang-format off
         columns<double, double, float, int, QString, QString>("receivable", "excluded", "discount", "format", "settlement", "label");
         QTest::newRow("discount 1 settles the receivable") << 100.0 << 0.0 << 1.0f << 0 << "100.00" << "1.00";
         QTest::newRow("excluded goods at full price") << 100.0 << 20.0 << 0.9f << 0 << "92.00" << "0.90";
@@ -88,8 +83,7 @@ class TestCheckoutModel : public QObject {
         QTest::newRow("rounded") << 119.75 << 0.0 << 0.9f << 2 << "108" << "0.90";
         QTest::newRow("class shown in cents") << 100.0 << 0.0 << 0.875f << 0 << "87.50" << "0.88";
         // A member without a class has a factor of 0: all but the excluded goods go free.
-        QTest::newRow("no class") << 100.0 << 30.0 << 0.0f << 0 << "30.00" << "0.00";
-        // clang-format on
+        QTest::newRow("no class") << 100.0 << 30.0 << 0.0f << 0 << "30.00" << "0.00"; // clang-format on
     }
     void member_discount() {
         auto [receivable, excluded, discount, format] =
@@ -136,8 +130,7 @@ class TestCheckoutModel : public QObject {
         rich.fillStoredValue();
         QCOMPARE(rich.chongzhiD + u' ' + rich.temp, u"90.00 0.00"_s);
     }
-    void operator_discount_limit_data() {
-        // clang-format off
+    void operator_discount_limit_data() { // clang-format off
         QTest::addColumn<float>("memberDiscount"); // 0: no member
         columns<QString, bool>("settlement", "exceeds");
         QTest::newRow("equal to the limit passes") << 0.0f << "90" << false;
@@ -145,8 +138,7 @@ class TestCheckoutModel : public QObject {
         QTest::newRow("raised settlement passes") << 0.0f << "150" << false;
         QTest::newRow("letters are 0") << 0.0f << "x" << true;
         QTest::newRow("on top of the class") << 0.9f << "80" << false;
-        QTest::newRow("beyond the class") << 0.9f << "79" << true;
-        // clang-format on
+        QTest::newRow("beyond the class") << 0.9f << "79" << true; // clang-format on
     }
     void operator_discount_limit() {
         auto [memberDiscount, settlement] = fetch<float, QString>("memberDiscount", "settlement");
@@ -155,8 +147,7 @@ class TestCheckoutModel : public QObject {
         m.setOughtMoney(settlement);
         QTEST(m.exceedsDiscountLimit(10.0), "exceeds");
     }
-    void checks_in_their_order_data() {
-        // clang-format off
+    void checks_in_their_order_data() { // clang-format off
         columns<int, QString, bool, bool, QString, QString, QString, QString, QString>("mode", "jzr", "member", "passwordOk", "fact", "card", "voucher", "message", "field");
         QTest::newRow("deferred needs a name first") << 2 << " " << true << false << "x" << "x" << "0" << "挂帐时需输入结帐人！" << "txtjzr";
         QTest::newRow("deferred skips the payment checks") << 2 << "老王" << true << false << "x" << "x" << "0" << "" << "";
@@ -168,8 +159,7 @@ class TestCheckoutModel : public QObject {
         QTest::newRow("card without a member") << 0 << "" << false << false << "0" << "1" << "0" << "您输入的储值卡消费金额大于储值卡剩余金额，请重新输入！" << "txtChongzhiD";
         QTest::newRow("short payment") << 0 << "" << true << true << "60" << "30" << "9.99" << "实收金额加储卡支付金额不能小于结算金额，请检查输入是否正确！" << "txtFactPay";
         QTest::newRow("voucher completes the payment") << 0 << "" << true << true << "60" << "30" << "10" << "" << "";
-        QTest::newRow("no member, cash only") << 0 << "" << false << false << "100" << "0" << "0" << "" << "";
-        // clang-format on
+        QTest::newRow("no member, cash only") << 0 << "" << false << false << "100" << "0" << "0" << "" << ""; // clang-format on
     }
     void checks_in_their_order() {
         auto [mode, jzr, member, passwordOk, message] =
@@ -196,15 +186,13 @@ class TestCheckoutModel : public QObject {
             if (!r) QCOMPARE(QStringList({m.factPay, m.chongzhiD, m.freePay}), QStringList(3, u"0"_s));
         }
     }
-    void close_time_limit_data() {
-        // clang-format off
+    void close_time_limit_data() { // clang-format off
         QTest::addColumn<int>("minutesMoved"); // negative: earlier
         columns<double, bool>("limit", "refused");
         QTest::newRow("within the limit") << -30 << 30.0 << false;
         QTest::newRow("beyond the limit") << -31 << 30.0 << true;
         QTest::newRow("later always passes") << 600 << 0.0 << false;
-        QTest::newRow("unmoved without a limit") << 0 << 0.0 << false;
-        // clang-format on
+        QTest::newRow("unmoved without a limit") << 0 << 0.0 << false; // clang-format on
     }
     void close_time_limit() {
         auto [minutesMoved, limit] = fetch<int, double>("minutesMoved", "limit");
@@ -215,8 +203,7 @@ class TestCheckoutModel : public QObject {
         QTEST(bool(r), "refused");
         if (r) QCOMPARE(r->field, u"dtpCloseTime"_s);
     }
-    void amounts_written_data() {
-        // clang-format off
+    void amounts_written_data() { // clang-format off
         columns<int, QString, QString, QString>("mode", "fact", "card", "voucher");
         // factpay, CashPay, Income, chongzhipay, SumPay
         QTest::addColumn<QList<double>>("expected");
@@ -225,8 +212,7 @@ class TestCheckoutModel : public QObject {
         QTest::newRow("stored value and cash") << 0 << "100" << "30" << "0" << QList<double>{100, 70, 75, 30, 100};
         QTest::newRow("voucher") << 0 << "100" << "0" << "20" << QList<double>{100, 80, 55, 0, 100};
         QTest::newRow("free") << 1 << "100" << "30" << "20" << QList<double>{0, 0, -25, 0, 0};
-        QTest::newRow("deferred") << 2 << "100" << "30" << "20" << QList<double>{0, 0, 75, 0, 0};
-        // clang-format on
+        QTest::newRow("deferred") << 2 << "100" << "30" << "20" << QList<double>{0, 0, 75, 0, 0}; // clang-format on
     }
     void amounts_written() {
         auto [mode, fact, card, voucher, expected] = fetch<int, QString, QString, QString, QList<double>>(

@@ -38,14 +38,12 @@ QStringList column(QTreeWidget* list, const QString& colname) {
 class TestEmployees : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void validate_data() {
-        // clang-format off
+    void validate_data() { // clang-format off
         columns<QString, QString, QString, QString>("code", "name", "message", "field");
         QTest::newRow("no code") << " " << "张三" << "请输入员工编号！" << "txtEmployeeCode";
         QTest::newRow("no name") << "E1" << "  " << "请输入员工姓名！" << "txtEmployeeName";
         QTest::newRow("both missing: code first") << "" << "" << "请输入员工编号！" << "txtEmployeeCode";
-        QTest::newRow("fine") << "E1" << "张三" << "" << "";
-        // clang-format on
+        QTest::newRow("fine") << "E1" << "张三" << "" << ""; // clang-format on
     }
     void validate() {
         auto [code, name, message, field] =

@@ -59,16 +59,14 @@ class TestStore : public QObject {
         QVERIFY_THROWS_EXCEPTION(DbError, e.text(u"NoSuchColumn"_s));
     }
 
-    void textRoundTrips_data() {
-        // clang-format off
+    void textRoundTrips_data() { // clang-format off
         QTest::addColumn<QString>("text");
         QTest::newRow("quote") << u"O'Brien's \"room\""_s;
         QTest::newRow("backslash") << u"a\\b\\'c"_s;
         QTest::newRow("sql") << u"x'); delete from Operator; --"_s;
         QTest::newRow("emoji") << u"生日快乐🎂🎉"_s;
         QTest::newRow("long") << QString(5000, QChar(0x6B4C));
-        QTest::newRow("empty") << QString();
-        // clang-format on
+        QTest::newRow("empty") << QString(); // clang-format on
     }
     void textRoundTrips() {
         QFETCH(QString, text);
@@ -139,8 +137,7 @@ class TestStore : public QObject {
         DB().exec(u"insert into Expense (ExpenseID, TheID, State) values ('b3', 't', 0)"_s);
     }
 
-    void nextNo_data() {
-        // clang-format off
+    void nextNo_data() { // clang-format off
         columns<QString, QString>("stored", "expected");
         QTest::newRow("none") << QString() << "20240131-00001";
         QTest::newRow("same day") << "20240131-00006" << "20240131-00007";
@@ -148,8 +145,7 @@ class TestStore : public QObject {
         QTest::newRow("other length") << "20240131--00042" << "20240131-00001";
         QTest::newRow("widening") << "20240131-99999" << "20240131-100000";
         QTest::newRow("after widening") << "20240131-100000" << "20240131-00001";
-        QTest::newRow("garbage") << "abcdefghijklmn" << "20240131-00001";
-        // clang-format on
+        QTest::newRow("garbage") << "abcdefghijklmn" << "20240131-00001"; // clang-format on
     }
     void nextNo() {
         auto [stored, expected] = fetch<QString, QString>("stored", "expected");
@@ -173,16 +169,14 @@ class TestStore : public QObject {
         QCOMPARE(GetSetup(u"NextNo_Out"_s), u"20261121-00020"_s);
     }
 
-    void settingsAndFlags_data() {
-        // clang-format off
+    void settingsAndFlags_data() { // clang-format off
         columns<QString, int>("value", "on");
         QTest::newRow("one") << "1" << 1;
         QTest::newRow("minus one") << "-1" << 0;
         QTest::newRow("empty") << "" << 0;
         QTest::newRow("one with text") << "1abc" << 1;
         QTest::newRow("one point zero") << "1.0" << 1;
-        QTest::newRow("two") << "2" << 0;
-        // clang-format on
+        QTest::newRow("two") << "2" << 0; // clang-format on
     }
     void settingsAndFlags() {
         auto [value, on] = fetch<QString, int>("value", "on");
@@ -224,8 +218,7 @@ class TestStore : public QObject {
         QCOMPARE(GetHelpText(u"nosuchform"_s), u"    "_s);
     }
 
-    void writeLogAndRetention_data() {
-        // clang-format off
+    void writeLogAndRetention_data() { // clang-format off
         columns<int, QString, int>("type", "number", "left");
         // Rows dated 10, 3, 1 and 0 days ago (now: 2026-11-21 20:00).
         QTest::newRow("keep 5 days") << 0 << "5" << 3;
@@ -233,8 +226,7 @@ class TestStore : public QObject {
         QTest::newRow("negative days") << 0 << "-4" << 1;
         QTest::newRow("keep 2 rows") << 1 << "2" << 2;
         QTest::newRow("keep 0 rows") << 1 << "0" << 0;
-        QTest::newRow("keep more rows") << 1 << "10" << 4;
-        // clang-format on
+        QTest::newRow("keep more rows") << 1 << "10" << 4; // clang-format on
     }
     void writeLogAndRetention() {
         auto [type, number, left] = fetch<int, QString, int>("type", "number", "left");

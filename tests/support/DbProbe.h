@@ -15,10 +15,15 @@ inline QString text(const QString& sql, const Params& p = {}) {
 inline QString dump(const QString& sql, const Params& p = {}) {
     QStringList out;
     const Rows r = DB().query(sql, p);
-    for (const Row row : r) {
+    for (int i = 0; i < r.count(); ++i) {
         QStringList values;
-        for (const QString& c : r.columns())
-            values << row.text(c);
+        // By position: unnamed columns may share a name.
+        for (int c = 0; c < r.columns().size(); ++c) {
+            const QVariant& v = r.at(i, c);
+            values << (v.isNull()                               ? QString()
+                       : v.metaType().id() == QMetaType::Double ? QString::number(v.toDouble(), 'g', 15)
+                                                                : v.toString());
+        }
         out << values.join(QLatin1Char('|'));
     }
     return out.join(QLatin1Char('\n'));

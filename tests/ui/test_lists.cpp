@@ -163,8 +163,7 @@ const QList<std::pair<const char*, const char*>>& seededLists() {
 class TestLists : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void formatShowValue_data() {
-        // clang-format off
+    void formatShowValue_data() { // clang-format off
         columns<QString, QVariant, QString>("rule", "value", "shown");
         const QString state = u"1,0可用|1停用"_s;
         const QVariant at(u"2026-11-21 20:05"_s);
@@ -193,16 +192,14 @@ class TestLists : public QObject {
         QTest::newRow("money, thousands, negative") << "3,￥#,##0" << QVariant(qint64(-12345670000)) << "￥-1,234,567";
         QTest::newRow("money, a sum as double") << "3,0.00" << QVariant(123456.0) << "12.35";
         QTest::newRow("money, no format") << "3," << QVariant(qint64(5000)) << "0.50";
-        QTest::newRow("money, null") << "3,0.00" << QVariant() << "0.00";
-        // clang-format on
+        QTest::newRow("money, null") << "3,0.00" << QVariant() << "0.00"; // clang-format on
     }
     void formatShowValue() {
         auto [rule, value, shown] = fetch<QString, QVariant, QString>("rule", "value", "shown");
         QCOMPARE(FormatShowValue(rule, value), shown);
     }
 
-    void showList_data() {
-        // clang-format off
+    void showList_data() { // clang-format off
         columns<QString, QList<ListColumnDef>, bool, QStringList, QList<int>, QStringList, QString>("name", "stored", "keyed", "heads", "pixels", "first", "key");
         const QString name = u"frm'Test.lvwThis"_s;
         QTest::newRow("configured, quote and trailing blank in the name") << name + u"  "_s
@@ -219,8 +216,7 @@ class TestLists : public QObject {
             << QStringList{u"M01"_s, QString()} << "";
         QTest::newRow("all hidden") << name
             << QList<ListColumnDef>{col(u"MemberCode"_s, u"编号"_s, 1000, false), col(u"MemberName"_s, u"姓名"_s, 1000, false)}
-            << true << QStringList() << QList<int>() << QStringList() << "";
-        // clang-format on
+            << true << QStringList() << QList<int>() << QStringList() << ""; // clang-format on
     }
     void showList() {
         auto [name, stored, keyed, heads, pixels, first, key] =
@@ -267,16 +263,14 @@ class TestLists : public QObject {
         QCOMPARE(count(u"select count(*) from FD_FormControl where FormControlName=?"_s, {name}), 3);
     }
 
-    void sortList_data() {
-        // clang-format off
+    void sortList_data() { // clang-format off
         columns<QList<int>, QStringList, int, bool>("clicks", "codes", "section", "descending");
         QTest::newRow("first column again turns round") << QList<int>{0} << L({"M03", "M02", "M01"}) << 0 << true;
         QTest::newRow("another column ascending, as text") << QList<int>{1} << L({"M02", "M03", "M01"}) << 1 << false;
         QTest::newRow("twice descending") << QList<int>{1, 1} << L({"M01", "M03", "M02"}) << 1 << true;
         QTest::newRow("three times ascending") << QList<int>{1, 1, 1} << L({"M02", "M03", "M01"}) << 1 << false;
         QTest::newRow("back to the first ascending") << QList<int>{1, 0} << L({"M01", "M02", "M03"}) << 0 << false;
-        QTest::newRow("outside the columns") << QList<int>{5} << L({"M01", "M02", "M03"}) << 0 << false;
-        // clang-format on
+        QTest::newRow("outside the columns") << QList<int>{5} << L({"M01", "M02", "M03"}) << 0 << false; // clang-format on
     }
     void sortList() {
         auto [clicks, codes, section, descending] =
@@ -430,14 +424,12 @@ class TestLists : public QObject {
         QVERIFY(dlg.isVisible());
     }
 
-    void exports_data() {
-        // clang-format off
+    void exports_data() { // clang-format off
         columns<bool, bool>("excel", "opened");
         QTest::newRow("text") << false << true;
         QTest::newRow("text, no editor") << false << false;
         QTest::newRow("excel") << true << true;
-        QTest::newRow("excel, no program") << true << false;
-        // clang-format on
+        QTest::newRow("excel, no program") << true << false; // clang-format on
     }
     void exports() {
         auto [excel, opened] = fetch<bool, bool>("excel", "opened");
@@ -535,12 +527,10 @@ class TestLists : public QObject {
         QCOMPARE(messages(), QStringList{u"删除失败，请稍候再试！"_s});
     }
 
-    void seededList_data() {
-        // clang-format off
+    void seededList_data() { // clang-format off
         columns<QString, QString>("name", "query");
         for (const auto& [name, query] : seededLists())
-            QTest::newRow(name) << QString::fromUtf8(name) << QString::fromUtf8(query);
-        // clang-format on
+            QTest::newRow(name) << QString::fromUtf8(name) << QString::fromUtf8(query); // clang-format on
     }
     void seededList() {
         auto [name, query] = fetch<QString, QString>("name", "query");
