@@ -110,7 +110,7 @@ class TestOption : public QObject {
         child<QRadioButton>(w, "optPayMoneyFormat2")->setChecked(true);
         w.cmdAllDiscount_Click();
         QCOMPARE(messages(), QStringList());
-        QCOMPARE(GetSetup(u"PayMoneyFormat"_s) + GetSetup(u"IsAllDiscount"_s), u"21"_s);
+        QCOMPARE(GetSetup(u"PayMoneyFormat"_s) + u'|' + GetSetup(u"IsAllDiscount"_s), u"2|1"_s);
         QCOMPARE(App().IsAllDiscount, 1);
         QCOMPARE(float(App().AllDiscount), 0.9f);
         QCOMPARE(text(u"select theContent from s_log where theDoName=?"_s, {u"商品及服务设置"_s}),

@@ -54,7 +54,7 @@ class TestBoard : public QObject {
         frmMain w;
         w.Init();
         QCOMPARE(w.board()->model()->rowCount(), 0);
-        QCOMPARE(texts(w, {"lblOughtMoney"}) + w.board()->selectedKey(), u"￥0.00"_s);
+        QCOMPARE(texts(w, {"lblOughtMoney"}) + u'|' + w.board()->selectedKey(), u"￥0.00|"_s);
         w.action(u"mnuOpOpen"_s)->trigger(); // nothing selected: nothing happens
         QCOMPARE(messages(), QStringList());
     }
@@ -196,7 +196,7 @@ class TestBoard : public QObject {
         });
         QTest::keyClick(find, Qt::Key_O);
         QVERIFY(asked);
-        QCOMPARE(find->text() + b->selectedTheID() + roomRow(u"r1"_s), u"r10||"_s);
+        QCOMPARE(find->text() + u'|' + b->selectedTheID() + u'|' + roomRow(u"r1"_s), u"|r1|0||"_s);
 
         // Space runs the default action: a free room opens.
         find->setText(u"A02"_s);
@@ -253,7 +253,7 @@ class TestBoard : public QObject {
         DB().exec(u"update The set State=2 where TheID='r1'"_s);
         QMetaObject::invokeMethod(w.refreshTimer(), "timeout");
         QCOMPARE(codes(b), u"A01:停用 A02:空闲 A03:空闲"_s);
-        QCOMPARE(b->selectedTheID() + texts(w, {"lblHouse"}), u"r3小包 A03"_s);
+        QCOMPARE(b->selectedTheID() + u'|' + texts(w, {"lblHouse"}), u"r3|小包 A03"_s);
         QCOMPARE(w.focusWidget(), b->findBox());
         // A room deleted elsewhere drops out; the selection falls to the first.
         DB().exec(u"delete from The where TheID='r3'"_s);

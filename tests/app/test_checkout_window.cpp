@@ -7,6 +7,7 @@
 #include "ModalDriver.h"
 #include "Password.h"
 #include "RoomBoard.h"
+#include "Seed.h"
 #include "Settings.h"
 #include "TestVenue.h"
 #include "frmCloseHouse.h"
@@ -30,9 +31,8 @@ namespace {
 // take no member discount; member M1 of the gold class (0.9, a point per 10 yuan) with
 // 50 stored and the card password 8888.
 void addVenue() {
-    DB().exec(u"insert into TheAssort (AssortID, AssortName, PayLevelID) values "
-              "('a', '小包', '00000000000000001')"_s);
-    DB().exec(u"insert into The (TheID, TheCode, AssortID, State) values ('r1', 'A01', 'a', 0)"_s);
+    addRoomType(u"a"_s, u"小包"_s);
+    addRoom(u"r1"_s, u"A01"_s, u"a"_s);
     DB().exec(u"insert into WareType (WareTypeID, wareTypeName, isNomember) values "
               "('01', '酒水', 0), ('02', '香烟', 1)"_s);
     DB().exec(u"insert into Ware (WareID, WareTypeID, WareCode, WareName, Mnemonics, Price, "
@@ -220,7 +220,7 @@ class TestCheckoutWindow : public QObject {
             auto* find = child<QLineEdit>(d, "txtjzrInfo");
             type(find, u"赵"_s);
             QTest::keyClick(find, Qt::Key_Return);
-            QCOMPARE(list->topLevelItemCount() + text(d, "lblSumGZ").toDouble(), 0.0);
+            QCOMPARE(QString::number(list->topLevelItemCount()) + u'|' + text(d, "lblSumGZ"), u"0|0.00"_s);
             find->setText(u"王"_s);
             QTest::keyClick(find, Qt::Key_Return);
             QCOMPARE(focused(d), u"txtjzrInfo"_s);

@@ -5,6 +5,7 @@
 #include "ModalDriver.h"
 #include "OrderPrinting.h"
 #include "RoomBoard.h"
+#include "Seed.h"
 #include "Settings.h"
 #include "TestVenue.h"
 #include "frmExpenseDetail.h"
@@ -24,9 +25,8 @@ using namespace Qt::StringLiterals;
 namespace {
 // Room A01; drinks and snacks, stock 10 each; one employee in service, one away.
 void addVenue() {
-    DB().exec(u"insert into TheAssort (AssortID, AssortName, PayLevelID) values "
-              "('a', '小包', '00000000000000001')"_s);
-    DB().exec(u"insert into The (TheID, TheCode, AssortID, State) values ('r1', 'A01', 'a', 0)"_s);
+    addRoomType(u"a"_s, u"小包"_s);
+    addRoom(u"r1"_s, u"A01"_s, u"a"_s);
     DB().exec(u"insert into WareType (WareTypeID, wareTypeName) values ('01', '酒水'), ('02', '小吃')"_s);
     DB().exec(
         u"insert into Ware (WareID, WareTypeID, WareCode, WareName, Mnemonics, Price, ProcurePrice, tiCheng, "

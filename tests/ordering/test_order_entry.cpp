@@ -3,6 +3,7 @@
 #include "DbProbe.h"
 #include "OrderEntry.h"
 #include "RoomUse.h"
+#include "Seed.h"
 #include "Settings.h"
 #include "TestVenue.h"
 #include "Val.h"
@@ -22,9 +23,8 @@ QString openVenue() {
               "('sausage', '02', 'B1', '大烤肠', 'dk', 80000, 20000, 0, 10), "
               "('quote', '02', 'B2', ?, 'o''n', 200000, 50000, 20000, 10)"_s,
               {u"O'Neil \"黑\" 啤\\"_s});
-    DB().exec(u"insert into TheAssort (AssortID, AssortName, PayLevelID) values "
-              "('a', '小包', '00000000000000001')"_s);
-    DB().exec(u"insert into The (TheID, TheCode, AssortID, State) values ('r1', 'A01', 'a', 0)"_s);
+    addRoomType(u"a"_s, u"小包"_s);
+    addRoom(u"r1"_s, u"A01"_s, u"a"_s);
     const Opened o = RoomUseService().open({u"r1"_s, {}, u"2"_s, {}, u"0"_s, true, 1});
     if (!o.ok()) qFatal("room not opened");
     return o.expenseID;

@@ -4,6 +4,7 @@
 #include "DbProbe.h"
 #include "Format.h"
 #include "MoneyCompare.h"
+#include "Seed.h"
 #include "StoredValueService.h"
 #include "TestVenue.h"
 #include "Together.h"
@@ -21,10 +22,9 @@ Money yuan(double v) {
 // Rooms A01 and A02 on the starting tariff; drinks, and cigarettes that take no member
 // discount; the gold class (0.9, a point per 10 yuan) and its member M1 with 200 stored.
 void addVenue() {
-    DB().exec(u"insert into TheAssort (AssortID, AssortName, PayLevelID) values "
-              "('a', '小包', '00000000000000001')"_s);
-    DB().exec(u"insert into The (TheID, TheCode, AssortID, State) values "
-              "('r1', 'A01', 'a', 0), ('r2', 'A02', 'a', 0)"_s);
+    addRoomType(u"a"_s, u"小包"_s);
+    addRoom(u"r1"_s, u"A01"_s, u"a"_s);
+    addRoom(u"r2"_s, u"A02"_s, u"a"_s);
     DB().exec(u"insert into WareType (WareTypeID, wareTypeName, isNomember) values "
               "('01', '酒水', 0), ('02', '香烟', 1)"_s);
     DB().exec(u"insert into Ware (WareID, WareTypeID, WareCode, WareName, Price) values "
@@ -311,8 +311,7 @@ class TestCheckout : public QObject {
         QList<CheckoutInput> inputs;
         for (int i = 0; i < Bills; ++i) {
             const QString id = u"e%1"_s.arg(i), theID = u"t%1"_s.arg(i);
-            DB().exec(u"insert into The (TheID, TheCode, AssortID, State) values (?, ?, 'a', 0)"_s,
-                      {theID, u"B%1"_s.arg(i)});
+            addRoom(theID, u"B%1"_s.arg(i), u"a"_s);
             openBill(id, theID, Lines);
             inputs << input(id, CloseMode::Paid, u"M1"_s, u"3"_s, u"500"_s);
         }
