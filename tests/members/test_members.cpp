@@ -2,6 +2,7 @@
 #include "Columns.h"
 #include "DbProbe.h"
 #include "Dialect.h"
+#include "FormProbe.h"
 #include "Format.h"
 #include "MemberClassService.h"
 #include "MemberService.h"
@@ -226,8 +227,7 @@ class TestMembers : public QObject {
             fetch<QString, QString, QString, QString, QString, QString>("name", "init", "step", "discount",
                                                                         "message", "field");
         const Refused r = MemberClassService::validate({name, init, step, discount, {}});
-        QCOMPARE(r ? r->message : QString(), message);
-        QCOMPARE(r ? r->field : QString(), field);
+        QCOMPARE(refusal(r), refusal(message, field));
     }
 
     void classes_save_and_load() {
@@ -320,8 +320,7 @@ class TestMembers : public QObject {
         const bool member = kind == 2;
         const QString id = member ? u"M'1"_s : u"o1"_s;
         const Refused r = ChangePassword({kind, id, now, fresh, repeat});
-        QCOMPARE(r ? r->message : QString(), message);
-        QCOMPARE(r ? r->field : QString(), field);
+        QCOMPARE(refusal(r), refusal(message, field));
         const QString after =
             text(member ? u"select pw from Member"_s : u"select pw from Operator where OperatorID='o1'"_s);
         if (r) {
@@ -380,8 +379,7 @@ class TestMembers : public QObject {
             fetch<QString, QString, QString, QString, QString>("member", "factPay", "thisMemoney", "message",
                                                                "field");
         const Refused r = StoredValueService::validate({member, factPay, thisMemoney, {}});
-        QCOMPARE(r ? r->message : QString(), message);
-        QCOMPARE(r ? r->field : QString(), field);
+        QCOMPARE(refusal(r), refusal(message, field));
     }
 
     void chongzhi_save_data() { // clang-format off

@@ -1,5 +1,6 @@
 #include "Columns.h"
 #include "DbProbe.h"
+#include "FormProbe.h"
 #include "Mnemonic.h"
 #include "TestVenue.h"
 #include "WareLevel.h"
@@ -167,8 +168,7 @@ class TestGoods : public QObject {
         if (what == u"type"_s) in.wareTypeID.clear();
         if (what == u"negative"_s) in.price = in.procurePrice = in.tiCheng = u"-3"_s;
         const Refused r = WareService::validateWare(in);
-        QCOMPARE(r ? r->message : QString(), message);
-        QCOMPARE(r ? r->field : QString(), field);
+        QCOMPARE(refusal(r), refusal(message, field));
     }
 
     void wareSaveLoad() {

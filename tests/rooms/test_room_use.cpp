@@ -4,6 +4,7 @@
 #include "Columns.h"
 #include "Db.h"
 #include "DbProbe.h"
+#include "FormProbe.h"
 #include "Format.h"
 #include "RoomService.h"
 #include "RoomUse.h"
@@ -65,8 +66,7 @@ class TestRoomUse : public QObject {
         in.customerNum = num;
         in.startMoney = startMoney;
         const Opened o = RoomUseService().open(in);
-        QCOMPARE(o.refusal ? o.refusal->message : QString(), message);
-        QCOMPARE(o.refusal ? o.refusal->field : QString(), field);
+        QCOMPARE(refusal(o.refusal), refusal(message, field));
         QCOMPARE(count(u"select count(*) from Expense"_s), message.isEmpty() ? 1 : 0);
     }
     void open_writes_the_bill_and_the_room() {
@@ -152,7 +152,7 @@ class TestRoomUse : public QObject {
         addRoom(u"r4"_s, u"104"_s, u"a"_s, 4, u"2026-11-21 10:00"_s);
         const QString bill = openRoom(u"r1"_s);
         const Refused r = RoomUseService().change({bill, u"101"_s, code, {}});
-        QCOMPARE(r ? r->message + u'@' + r->field : QString(), message + u"@txtNewHouseCode"_s);
+        QCOMPARE(refusal(r), refusal(message, u"txtNewHouseCode"_s));
         QCOMPARE(room(u"r1"_s), u"1|"_s + bill);
         QCOMPARE(count(u"select count(*) from s_log where theDoName='更换包厢'"_s), 0);
     }

@@ -83,8 +83,7 @@ class TestRoomsSetup : public QObject {
         addRoomType(u"t1"_s, u"小包"_s);
         const Saved s = RoomService().saveRoomType({id, name, tariff});
         const int types = count(u"select count(*) from TheAssort"_s);
-        QCOMPARE(s.refusal ? s.refusal->message + u'@' + s.refusal->field : QString(),
-                 message.isEmpty() ? QString() : message + u'@' + field);
+        QCOMPARE(refusal(s.refusal), refusal(message, field));
         if (!message.isEmpty()) {
             QCOMPARE(dump(u"select AssortName from TheAssort"_s), u"小包"_s);
             return;
@@ -170,8 +169,7 @@ class TestRoomsSetup : public QObject {
         addRoom(u"r1"_s, u"C2"_s, u"t1"_s);
         const BatchAdded b = RoomService().addRooms({marker, start, end, type, u"新装修"_s});
         QCOMPARE(codes(), sorted(QStringList{u"C2"_s} + added));
-        QCOMPARE(b.refusal ? b.refusal->message + u'@' + b.refusal->field : QString(),
-                 message.isEmpty() ? QString() : message + u'@' + field);
+        QCOMPARE(refusal(b.refusal), refusal(message, field));
         if (b.refusal) return;
         QVERIFY(b.ok());
         QCOMPARE(b.added, added.size());

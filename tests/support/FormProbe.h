@@ -1,4 +1,5 @@
 #pragma once
+#include "Refusal.h"
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
@@ -39,4 +40,13 @@ inline QString texts(QObject* form, std::initializer_list<const char*> names) {
 }
 inline QString texts(QObject& form, std::initializer_list<const char*> names) {
     return texts(&form, names);
+}
+
+// A refusal as its message and the field it points at, or empty when there is none; the
+// second form builds the expected one from a table's columns.
+inline QString refusal(const Refused& r) {
+    return r ? r->message + QStringLiteral(" @") + r->field : QString();
+}
+inline QString refusal(const QString& message, const QString& field) {
+    return message.isEmpty() ? QString() : message + QStringLiteral(" @") + field;
 }
