@@ -21,20 +21,6 @@ QLineEdit* box(QWidget& w, const char* name) {
     return child<QLineEdit>(w, name);
 }
 
-QString focused() {
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-}
-
-void showAndWait(QWidget& w) {
-    w.show();
-    QVERIFY(QTest::qWaitForWindowActive(&w));
-}
-
-void choose(QComboBox* c, const QString& text) {
-    c->setCurrentIndex(c->findText(text));
-    Q_EMIT c->activated(c->currentIndex());
-}
-
 void addTypes() {
     DB().exec(u"insert into WareType (WareTypeID, wareTypeName) values ('01', '酒水'), ('02', '小吃')"_s);
 }
@@ -71,7 +57,7 @@ class TestGoodsForms : public QObject {
         addTypes();
         frmWare dlg;
         dlg.startAdd();
-        showAndWait(dlg);
+        showActive(dlg);
         auto* type = child<QComboBox>(dlg, "imgcmbWareType");
         QCOMPARE(texts(dlg, {"imgcmbWareType", "txtPrice"}), u"酒水|0"_s);
 
@@ -119,7 +105,7 @@ class TestGoodsForms : public QObject {
                   "values ('w1', '02', '花生', 80000, 12)"_s);
         frmWare dlg;
         QVERIFY(dlg.startEdit(u"w1"_s));
-        showAndWait(dlg);
+        showActive(dlg);
         QCOMPARE(child<QComboBox>(dlg, "imgcmbWareType")->currentText(), u"小吃"_s);
         QVERIFY(child<QCheckBox>(dlg, "chkClear")->isHidden());
         // An empty stored mnemonic is made when its box is entered.
@@ -137,7 +123,7 @@ class TestGoodsForms : public QObject {
         SetSetup(u"IsBT"_s, u"-1"_s); // only exactly 1 is on
         frmWareType dlg;
         dlg.startAdd();
-        showAndWait(dlg);
+        showActive(dlg);
         QVERIFY(child<QCheckBox>(dlg, "chkhc")->isEnabled() && !child<QCheckBox>(dlg, "chkbt")->isEnabled());
         press(dlg);
         QCOMPARE(messages(), QStringList{u"请输入分类编号！"_s});
@@ -153,7 +139,7 @@ class TestGoodsForms : public QObject {
         // The same key again: the dialog stays with the message.
         frmWareType again;
         again.startAdd();
-        showAndWait(again);
+        showActive(again);
         box(again, "txtWareTypeID")->setText(u"01"_s);
         box(again, "txtWareTypeName")->setText(u"饮料"_s);
         press(again);
@@ -172,7 +158,7 @@ class TestGoodsForms : public QObject {
         NEW_VENUE(v);
         frmWareLevel dlg;
         dlg.prepare(u"01"_s);
-        showAndWait(dlg);
+        showActive(dlg);
         auto* end1 = child<QComboBox>(dlg, "cmbEnd1");
         auto* end2 = child<QComboBox>(dlg, "cmbEnd2");
         QCOMPARE(texts(dlg, {"txtStart1", "txtDiscount3"}), u"0|1"_s);

@@ -29,10 +29,6 @@ PayLevelInput valid() {
     return in;
 }
 
-void choose(QComboBox* c, const QString& text) {
-    c->setCurrentIndex(c->findText(text));
-    Q_EMIT c->activated(c->currentIndex());
-}
 } // namespace
 
 class TestPayLevel : public QObject {

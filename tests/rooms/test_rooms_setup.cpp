@@ -37,26 +37,10 @@ QStringList sorted(QStringList list) {
     return list;
 }
 
-QString focused() {
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-}
-
 void pick(QComboBox* box, const QString& key) {
     box->setCurrentIndex(box->findData(key));
 }
 
-// With SINGBOX_SHOTS naming a folder, forms are also saved there as pictures to look at.
-void look(QWidget& w, const QString& name) {
-    const QString dir = qEnvironmentVariable("SINGBOX_SHOTS");
-    if (dir.isEmpty()) return;
-    QDir().mkpath(dir);
-    w.grab().save(QDir(dir).filePath(name + u".png"_s));
-}
-
-void showAndWait(QWidget& w) {
-    w.show();
-    QVERIFY(QTest::qWaitForWindowActive(&w));
-}
 } // namespace
 
 class TestRoomsSetup : public QObject {
@@ -260,7 +244,7 @@ class TestRoomsSetup : public QObject {
         DB().exec(u"insert into PayLevel (PayLevelID, PayLevelName) values ('p2', '夜场计费')"_s);
         frmHouseAssort dlg;
         dlg.startAdd();
-        showAndWait(dlg);
+        showActive(dlg);
         look(dlg, u"frmHouseAssort"_s);
         auto* name = child<QLineEdit>(dlg, "txtAssortName");
         auto* tariff = child<QComboBox>(dlg, "imgcmbAssort");
@@ -302,7 +286,7 @@ class TestRoomsSetup : public QObject {
         addRoomType(u"t2"_s, u"大包"_s);
         frmHouse dlg;
         dlg.startAdd();
-        showAndWait(dlg);
+        showActive(dlg);
         auto* code = child<QLineEdit>(dlg, "txtHouseCode");
         auto* type = child<QComboBox>(dlg, "imgcmbAssort");
         auto* desc = child<QLineEdit>(dlg, "txtDesc");
@@ -343,7 +327,7 @@ class TestRoomsSetup : public QObject {
         addRoom(u"r1"_s, u"101"_s, u"t1"_s);
         frmHouse dlg;
         QVERIFY(dlg.startEdit(u"r1"_s));
-        showAndWait(dlg);
+        showActive(dlg);
         QVERIFY(!child<QCheckBox>(dlg, "chkClear")->isVisible());
         QCOMPARE(child<QComboBox>(dlg, "imgcmbAssort")->currentData().toString(), u"t1"_s);
         child<QLineEdit>(dlg, "txtHouseCode")->clear();
@@ -367,7 +351,7 @@ class TestRoomsSetup : public QObject {
         addRoom(u"r1"_s, u"A3"_s, u"t1"_s);
         frmHouseAddBat dlg;
         dlg.startAdd();
-        showAndWait(dlg);
+        showActive(dlg);
         QCOMPARE(focused(), u"txtMarkerText"_s);
         child<QLineEdit>(dlg, "txtMarkerText")->setText(u"A"_s);
         child<QLineEdit>(dlg, "txtHouseCode")->setText(u"5"_s);

@@ -1,11 +1,14 @@
 #pragma once
 #include "Refusal.h"
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QObject>
 #include <QStringList>
+#include <QTest>
 #include <QtGlobal>
 #include <initializer_list>
 
@@ -49,4 +52,26 @@ inline QString refusal(const Refused& r) {
 }
 inline QString refusal(const QString& message, const QString& field) {
     return message.isEmpty() ? QString() : message + QStringLiteral(" @") + field;
+}
+
+// The objectName of the control that has the keyboard focus.
+inline QString focused() {
+    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+}
+// Shown and active, so typed keys reach it.
+inline void showActive(QWidget& w) {
+    w.show();
+    QVERIFY(QTest::qWaitForWindowActive(&w));
+}
+// Picks the item of that text as a click does.
+inline void choose(QComboBox* c, const QString& text) {
+    c->setCurrentIndex(c->findText(text));
+    Q_EMIT c->activated(c->currentIndex());
+}
+// With SINGBOX_SHOTS naming a folder, forms are also saved there as pictures to look at.
+inline void look(QWidget& w, const QString& name) {
+    const QString dir = qEnvironmentVariable("SINGBOX_SHOTS");
+    if (dir.isEmpty()) return;
+    QDir().mkpath(dir);
+    w.grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
 }

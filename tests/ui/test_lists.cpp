@@ -29,13 +29,6 @@ using namespace Qt::StringLiterals;
 Q_DECLARE_METATYPE(QList<ListColumnDef>)
 
 namespace {
-void look(QWidget& w, const QString& name) {
-    const QString dir = qEnvironmentVariable("SINGBOX_SHOTS");
-    if (dir.isEmpty()) return;
-    QDir().mkpath(dir);
-    w.grab().save(QDir(dir).filePath(name + u".png"_s));
-}
-
 ListColumnDef col(const QString& name, const QString& title, int width = 1000, bool show = true,
                   const QString& rule = {}) {
     return {name, title, width, 0, show, rule, {}};
