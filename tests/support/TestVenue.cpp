@@ -8,30 +8,26 @@
 #include <QCoreApplication>
 #include <QFile>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 // One seeded SQLite file per process, copied for each test: seeding hashes a password.
 QString sqliteTemplate() {
     static QTemporaryDir dir;
     static QString file;
     if (file.isEmpty()) {
-        file = dir.filePath(u"template.db"_s);
+        file = dir.filePath(QStringLiteral("template.db"));
         Db db;
         DbConfig c;
         c.file = file;
         db.open(c);
         Schema::migrate(db);
-        db.exec(u"PRAGMA wal_checkpoint(TRUNCATE)"_s);
+        db.exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
         db.close();
     }
     return file;
 }
 } // namespace
 
-bool TestVenue::isPg() {
-    return qEnvironmentVariable("SINGBOX_TEST_BACKEND") == u"pg"_s;
-}
+bool TestVenue::isPg() { return qEnvironmentVariable("SINGBOX_TEST_BACKEND") == QLatin1String("pg"); }
 
 TestVenue::TestVenue() {
     static bool resources = [] {
@@ -43,8 +39,8 @@ TestVenue::TestVenue() {
     Venue::prepare(m_dir.path());
     AppInit(m_dir.path());
     AppState& a = App();
-    a.CurrentOperatorID = u"qa042"_s;
-    a.CurrentOperatorName = u"系统管理员"_s;
+    a.CurrentOperatorID = QStringLiteral("qa042");
+    a.CurrentOperatorName = QStringLiteral("系统管理员");
     a.CurrentDiscountLimit = 10;
     a.CurrentCloseTimeLimit = 0;
     Msg::installRecorder();
@@ -61,13 +57,13 @@ bool TestVenue::open(Db& db) {
         const QString conn = qEnvironmentVariable("SINGBOX_TEST_PG");
         if (conn.isEmpty()) return false;
         m_config = DbConfig::fromPgString(conn);
-        m_config.schema = u"t%1"_s.arg(QCoreApplication::applicationPid());
+        m_config.schema = QStringLiteral("t%1").arg(QCoreApplication::applicationPid());
         {
             Db admin;
             DbConfig plain = m_config;
             plain.schema.clear();
             admin.open(plain);
-            admin.exec(u"DROP SCHEMA IF EXISTS "_s + m_config.schema + u" CASCADE"_s);
+            admin.exec(QStringLiteral("DROP SCHEMA IF EXISTS ") + m_config.schema + QStringLiteral(" CASCADE"));
         }
         db.open(m_config);
         Schema::migrate(db);
@@ -87,7 +83,6 @@ bool TestVenue::open(Db& db) {
 
 QStringList messages() {
     QStringList out;
-    for (const Msg::Shown& s : Msg::taken())
-        out << s.text;
+    for (const Msg::Shown& s : Msg::taken()) out << s.text;
     return out;
 }
