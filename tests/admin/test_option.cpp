@@ -1,4 +1,7 @@
 #include "AppState.h"
+#include "Columns.h"
+#include "DbProbe.h"
+#include "FormProbe.h"
 #include "MessageBox.h"
 #include "Settings.h"
 #include "TestVenue.h"
@@ -16,24 +19,24 @@
 #include <QTreeWidget>
 #include <memory>
 
-namespace {
-template <class T> T* child(QWidget& w, const char* name) { return w.findChild<T*>(QString::fromLatin1(name)); }
+using namespace Qt::StringLiterals;
 
+namespace {
 void signInWithout(const QString& code) {
-    DB().exec(QStringLiteral("insert into Operator (OperatorID, LoginName, operatorname, State) values ('o1', 'c', '收银员', 0)"));
-    DB().exec(QStringLiteral("insert into Puissance (OperatorID, SysPuissanceID, isHave) select 'o1', SysPuissanceID, 1 from "
-                             "SysPuissance where SysPuissanceID<>?"),
-              {code});
-    App().CurrentOperatorID = QStringLiteral("o1");
-    App().CurrentOperatorName = QStringLiteral("收银员");
+    DB().exec(
+        u"insert into Operator (OperatorID, LoginName, operatorname, State) values ('o1', 'c', '收银员', 0)"_s);
+    DB().exec(
+        u"insert into Puissance (OperatorID, SysPuissanceID, isHave) select 'o1', SysPuissanceID, 1 from "
+        "SysPuissance where SysPuissanceID<>?"_s,
+        {code});
+    App().CurrentOperatorID = u"o1"_s;
+    App().CurrentOperatorName = u"收银员"_s;
 }
 void addGoods() {
-    DB().exec(QStringLiteral(
-        "insert into WareType (WareTypeID, wareTypeName, isDoDiscount) values ('01', '酒水', 1), "
-        "('02', '小吃', 0)"));
-    DB().exec(QStringLiteral(
-        "insert into Ware (WareID, WareTypeID, WareName, Price) values ('w1', '01', '啤酒', 100000), "
-        "('w2', '01', '红酒', 1880000), ('w3', '02', '花生', 80000)"));
+    DB().exec(u"insert into WareType (WareTypeID, wareTypeName, isDoDiscount) values ('01', '酒水', 1), "
+              "('02', '小吃', 0)"_s);
+    DB().exec(u"insert into Ware (WareID, WareTypeID, WareName, Price) values ('w1', '01', '啤酒', 100000), "
+              "('w2', '01', '红酒', 1880000), ('w3', '02', '花生', 80000)"_s);
 }
 
 void select(QTreeWidget* list, const QString& text) {
@@ -50,7 +53,7 @@ int column(QTreeWidget* list, const QString& title) {
 
 QStringList names(QTreeWidget* list) {
     QStringList out;
-    const int c = column(list, QStringLiteral("商品名称"));
+    const int c = column(list, u"商品名称"_s);
     for (int i = 0; i < list->topLevelItemCount(); ++i)
         out << list->topLevelItem(i)->text(c);
     out.sort();
@@ -73,87 +76,82 @@ template <class F> std::shared_ptr<bool> onModal(F act) {
 
 class TestOption : public QObject {
     Q_OBJECT
-private Q_SLOTS:
+  private Q_SLOTS:
     void listsShowTheVenue() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        DB().exec(QStringLiteral("insert into TheAssort (AssortID, AssortName, PayLevelID) values ('a', '豪华包', '00000000000000001')"));
-        DB().exec(QStringLiteral("insert into The (TheID, TheCode, AssortID, State, Other1) values ('t1', 'V01', 'a', 4, '2026-11-21 20:00')"));
-        DB().exec(QStringLiteral("insert into The (TheID, TheCode, AssortID, State, Other1) values ('t2', 'V02', 'a', 4, '2026-11-21 19:59')"));
+        NEW_VENUE(v);
+        DB().exec(
+            u"insert into TheAssort (AssortID, AssortName, PayLevelID) values ('a', '豪华包', '00000000000000001')"_s);
+        DB().exec(
+            u"insert into The (TheID, TheCode, AssortID, State, Other1) values ('t1', 'V01', 'a', 4, '2026-11-21 20:00')"_s);
+        DB().exec(
+            u"insert into The (TheID, TheCode, AssortID, State, Other1) values ('t2', 'V02', 'a', 4, '2026-11-21 19:59')"_s);
         frmOption w;
         auto* tariffs = child<QTreeWidget>(w, "lvwPayLevel");
         QCOMPARE(tariffs->topLevelItemCount(), 1);
-        QCOMPARE(tariffs->topLevelItem(0)->text(0), QStringLiteral("标准计费"));
-        QCOMPARE(tariffs->topLevelItem(0)->text(5), QStringLiteral("18-24点 买断价格:300元 计时价格:120"));
-        QCOMPARE(child<QTreeWidget>(w, "lvwHouseAssort")->topLevelItem(0)->text(1), QStringLiteral("标准计费"));
+        QCOMPARE(tariffs->topLevelItem(0)->text(0) + u'|' + tariffs->topLevelItem(0)->text(5) + u'|' +
+                     child<QTreeWidget>(w, "lvwHouseAssort")->topLevelItem(0)->text(1),
+                 u"标准计费|18-24点 买断价格:300元 计时价格:120|标准计费"_s);
         auto* rooms = child<QTreeWidget>(w, "lvwHouse");
         QCOMPARE(rooms->topLevelItemCount(), 2);
         rooms->sortByColumn(0, Qt::AscendingOrder);
         // A lock runs out by itself: V01 still locked this minute, V02 free.
-        QCOMPARE(rooms->topLevelItem(0)->text(2), QStringLiteral("锁定"));
-        QCOMPARE(rooms->topLevelItem(1)->text(2), QStringLiteral("空闲"));
+        QCOMPARE(rooms->topLevelItem(0)->text(2) + rooms->topLevelItem(1)->text(2), u"锁定空闲"_s);
     }
 
     void discountAndFormat() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         frmOption w;
-        child<QLineEdit>(w, "txtAllDiscount")->setText(QStringLiteral("九折"));
+        child<QLineEdit>(w, "txtAllDiscount")->setText(u"九折"_s);
         w.cmdAllDiscount_Click();
-        QCOMPARE(messages(), QStringList{QStringLiteral("折扣比率只能输入数字，请输入正确的折扣比率！")});
-        QCOMPARE(GetSetup(QStringLiteral("IsAllDiscount")), QStringLiteral("0"));
-        child<QLineEdit>(w, "txtAllDiscount")->setText(QStringLiteral("0.9"));
+        QCOMPARE(messages(), QStringList{u"折扣比率只能输入数字，请输入正确的折扣比率！"_s});
+        QCOMPARE(GetSetup(u"IsAllDiscount"_s), u"0"_s);
+        child<QLineEdit>(w, "txtAllDiscount")->setText(u"0.9"_s);
         child<QCheckBox>(w, "ChkAllDiscount")->setChecked(true);
         child<QRadioButton>(w, "optPayMoneyFormat2")->setChecked(true);
         w.cmdAllDiscount_Click();
         QCOMPARE(messages(), QStringList());
-        QCOMPARE(GetSetup(QStringLiteral("PayMoneyFormat")), QStringLiteral("2"));
-        QCOMPARE(GetSetup(QStringLiteral("IsAllDiscount")), QStringLiteral("1"));
+        QCOMPARE(GetSetup(u"PayMoneyFormat"_s) + u'|' + GetSetup(u"IsAllDiscount"_s), u"2|1"_s);
         QCOMPARE(App().IsAllDiscount, 1);
         QCOMPARE(float(App().AllDiscount), 0.9f);
-        QCOMPARE(DB().scalar(QStringLiteral("select theContent from s_log where theDoName=?"), {QStringLiteral("商品及服务设置")}).toString(),
-                 QStringLiteral("启用全场折扣为：0.9"));
+        QCOMPARE(text(u"select theContent from s_log where theDoName=?"_s, {u"商品及服务设置"_s}),
+                 u"启用全场折扣为：0.9"_s);
         // Shown again as stored.
         frmOption again;
-        QCOMPARE(child<QLineEdit>(again, "txtAllDiscount")->text(), QStringLiteral("0.90"));
+        QCOMPARE(child<QLineEdit>(again, "txtAllDiscount")->text(), u"0.90"_s);
         QVERIFY(child<QRadioButton>(again, "optPayMoneyFormat2")->isChecked());
     }
 
     void rulesNeedC001ButCheckoutDoesNot() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        signInWithout(QStringLiteral("C001"));
+        NEW_VENUE(v);
+        signInWithout(u"C001"_s);
         frmOption w;
         child<QCheckBox>(w, "chkAllowHigh2Low")->setChecked(true);
         w.cmdAllowLow2High_Click();
         w.cmdAllDiscount_Click();
-        QCOMPARE(messages(), (QStringList{QStringLiteral("您没有操作此项业务的权限！"), QStringLiteral("您没有操作此项业务的权限！")}));
-        QCOMPARE(GetSetup(QStringLiteral("AllowHigh2Low")), QStringLiteral("0"));
+        QCOMPARE(messages(), (QStringList{u"您没有操作此项业务的权限！"_s, u"您没有操作此项业务的权限！"_s}));
+        QCOMPARE(GetSetup(u"AllowHigh2Low"_s), u"0"_s);
         child<QComboBox>(w, "cmbCloseHouseCur")->setCurrentIndex(1);
-        child<QLineEdit>(w, "txtLockTime")->setText(QStringLiteral("15.9分钟"));
+        child<QLineEdit>(w, "txtLockTime")->setText(u"15.9分钟"_s);
         w.cmdSaveCZ_Click();
         QCOMPARE(messages(), QStringList());
-        QCOMPARE(GetSetup(QStringLiteral("HClose")), QStringLiteral("1"));
-        QCOMPARE(GetSetup(QStringLiteral("LockTime")), QStringLiteral("15"));
+        QCOMPARE(GetSetup(u"HClose"_s) + u'|' + GetSetup(u"LockTime"_s), u"1|15"_s);
         QCOMPARE(App().LockTime, 15);
     }
 
     void allowHigh2LowIsLogged() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         frmOption w;
         child<QCheckBox>(w, "chkAllowHigh2Low")->setChecked(true);
         w.cmdAllowLow2High_Click();
-        QCOMPARE(GetSetup(QStringLiteral("AllowHigh2Low")), QStringLiteral("1"));
-        QCOMPARE(DB().scalar(QStringLiteral("select theContent from s_log")).toString(),
-                 QStringLiteral("设置允许顾客由高费率包厢换到低费率包厢。"));
+        QCOMPARE(GetSetup(u"AllowHigh2Low"_s), u"1"_s);
+        QCOMPARE(text(u"select theContent from s_log"_s), u"设置允许顾客由高费率包厢换到低费率包厢。"_s);
     }
 
     void deletingRowsInUse() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        DB().exec(QStringLiteral("insert into TheAssort (AssortID, AssortName, PayLevelID) values ('a', '小包', '00000000000000001')"));
-        DB().exec(QStringLiteral("insert into The (TheID, TheCode, AssortID) values ('t1', 'A01', 'a')"));
+        NEW_VENUE(v);
+        DB().exec(
+            u"insert into TheAssort (AssortID, AssortName, PayLevelID) values ('a', '小包', '00000000000000001')"_s);
+        DB().exec(u"insert into The (TheID, TheCode, AssortID) values ('t1', 'A01', 'a')"_s);
         frmOption w;
         for (const char* list : {"lvwPayLevel", "lvwHouseAssort"}) {
             auto* l = child<QTreeWidget>(w, list);
@@ -161,8 +159,8 @@ private Q_SLOTS:
         }
         w.cmdPayLevelDel_Click();
         w.cmdHouseAssortDel_Click();
-        QCOMPARE(messages(), (QStringList{QStringLiteral("不能删除此数据，因为它已经使用！"),
-                                          QStringLiteral("不能删除此数据，因为它已经使用！")}));
+        QCOMPARE(messages(),
+                 (QStringList{u"不能删除此数据，因为它已经使用！"_s, u"不能删除此数据，因为它已经使用！"_s}));
         auto* rooms = child<QTreeWidget>(w, "lvwHouse");
         rooms->setCurrentItem(rooms->topLevelItem(0));
         w.cmdHouseDel_Click();
@@ -170,117 +168,100 @@ private Q_SLOTS:
         QCOMPARE(rooms->topLevelItemCount(), 0);
         w.cmdHouseAssortDel_Click();
         QCOMPARE(child<QTreeWidget>(w, "lvwHouseAssort")->topLevelItemCount(), 0);
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from PayLevel")).toInt(), 1);
+        QCOMPARE(count(u"select count(*) from PayLevel"_s), 1);
     }
 
     void goodsPage() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         addGoods();
         frmOption w;
         auto* types = child<QTreeWidget>(w, "lvwWareType");
         auto* goods = child<QTreeWidget>(w, "lvwWare");
         QCOMPARE(types->topLevelItemCount(), 2);
-        QCOMPARE(types->topLevelItem(0)->text(2), QStringLiteral("是"));
-        QCOMPARE(names(goods),
-                 (QStringList{QStringLiteral("啤酒"), QStringLiteral("红酒"), QStringLiteral("花生")}));
+        QCOMPARE(types->topLevelItem(0)->text(2), u"是"_s);
+        QCOMPARE(names(goods), (QStringList{u"啤酒"_s, u"红酒"_s, u"花生"_s}));
         // Money in the list as the configured column shows it.
-        select(goods, QStringLiteral("w2"));
-        QCOMPARE(goods->currentItem()->text(column(goods, QStringLiteral("售价"))), QStringLiteral("188.00"));
-        QCOMPARE(goods->currentItem()->text(column(goods, QStringLiteral("商品分类"))),
-                 QStringLiteral("酒水"));
+        select(goods, u"w2"_s);
+        QCOMPARE(goods->currentItem()->text(column(goods, u"售价"_s)) + u'|' +
+                     goods->currentItem()->text(column(goods, u"商品分类"_s)),
+                 u"188.00|酒水"_s);
         // The goods of the chosen type only.
-        select(types, QStringLiteral("02"));
-        QCOMPARE(names(goods), QStringList{QStringLiteral("花生")});
+        select(types, u"02"_s);
+        QCOMPARE(names(goods), QStringList{u"花生"_s});
         // A type with goods stays; deleting an article takes it off the list.
         w.cmdWareTypeDel_Click();
-        QCOMPARE(messages(), QStringList{QStringLiteral("不能删除此数据，因为它已经使用！")});
+        QCOMPARE(messages(), QStringList{u"不能删除此数据，因为它已经使用！"_s});
         QCOMPARE(types->topLevelItemCount(), 2);
         goods->setCurrentItem(goods->topLevelItem(0));
         w.cmdWareDel_Click();
         QCOMPARE(goods->topLevelItemCount(), 0);
-        DB().exec(QStringLiteral(
-            "insert into Ware (WareID, WareTypeID, WareName, Price) values ('w4', '02', '瓜子', 50000)"));
+        DB().exec(
+            u"insert into Ware (WareID, WareTypeID, WareName, Price) values ('w4', '02', '瓜子', 50000)"_s);
         w.cmdRefresh_Click();
-        QCOMPARE(names(goods), QStringList{QStringLiteral("瓜子")});
-        DB().exec(QStringLiteral("delete from Ware where WareID='w4'"));
+        QCOMPARE(names(goods), QStringList{u"瓜子"_s});
+        DB().exec(u"delete from Ware where WareID='w4'"_s);
         w.cmdWareTypeDel_Click();
         QCOMPARE(messages(), QStringList());
         QCOMPARE(types->topLevelItemCount(), 1);
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from WareType")).toInt(), 1);
+        QCOMPARE(count(u"select count(*) from WareType"_s), 1);
         // With no type chosen the list holds every article again.
-        QCOMPARE(names(goods), (QStringList{QStringLiteral("啤酒"), QStringLiteral("红酒")}));
+        QCOMPARE(names(goods), (QStringList{u"啤酒"_s, u"红酒"_s}));
     }
 
     void goodsDialogsFromThePage() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         addGoods();
         frmOption w;
-        select(child<QTreeWidget>(w, "lvwWareType"), QStringLiteral("01"));
+        select(child<QTreeWidget>(w, "lvwWareType"), u"01"_s);
         auto periods = [](QDialog* d) {
             QVERIFY(qobject_cast<frmWareLevel*>(d));
-            d->findChild<QLineEdit*>(QStringLiteral("txtWareLevelName"))->setText(QStringLiteral("全天"));
-            auto* end1 = d->findChild<QComboBox*>(QStringLiteral("cmbEnd1"));
-            end1->setCurrentIndex(end1->findText(QStringLiteral("24")));
+            d->findChild<QLineEdit*>(u"txtWareLevelName"_s)->setText(u"全天"_s);
+            auto* end1 = d->findChild<QComboBox*>(u"cmbEnd1"_s);
+            end1->setCurrentIndex(end1->findText(u"24"_s));
             Q_EMIT end1->activated(end1->currentIndex());
-            d->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+            d->findChild<QPushButton*>(u"cmdOK"_s)->click();
         };
         onModal(periods);
         w.cmdWareLevel_Click();
         onModal(periods);
         w.Command1_Click();
-        QCOMPARE(
-            DB().scalar(QStringLiteral("select count(*) from WareLevel where WareLevelID in ('01', 'The')"))
-                .toInt(),
-            2);
+        QCOMPARE(count(u"select count(*) from WareLevel where WareLevelID in ('01', 'The')"_s), 2);
 
         // A new article shows in the list of the chosen type at once.
         onModal([](QDialog* d) {
             QVERIFY(qobject_cast<frmWare*>(d));
-            d->findChild<QLineEdit*>(QStringLiteral("txtWareName"))->setText(QStringLiteral("黑啤"));
-            d->findChild<QLineEdit*>(QStringLiteral("txtPrice"))->setText(QStringLiteral("15"));
-            d->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+            d->findChild<QLineEdit*>(u"txtWareName"_s)->setText(u"黑啤"_s);
+            d->findChild<QLineEdit*>(u"txtPrice"_s)->setText(u"15"_s);
+            d->findChild<QPushButton*>(u"cmdOK"_s)->click();
         });
         w.cmdWareAdd_Click();
-        QCOMPARE(names(child<QTreeWidget>(w, "lvwWare")),
-                 (QStringList{QStringLiteral("啤酒"), QStringLiteral("红酒"), QStringLiteral("黑啤")}));
+        QCOMPARE(names(child<QTreeWidget>(w, "lvwWare")), (QStringList{u"啤酒"_s, u"红酒"_s, u"黑啤"_s}));
     }
 
-    void goodsButtonsNeedTheirRights_data() {
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<QString>("button");
-        QTest::newRow("type add") << "C004"
-                                  << "cmdWareTypeAdd";
-        QTest::newRow("type delete") << "C004"
-                                     << "cmdWareTypeDel";
-        QTest::newRow("article add") << "C005"
-                                     << "cmdWareAdd";
-        QTest::newRow("article delete") << "C005"
-                                        << "cmdWareDel";
-        QTest::newRow("type periods") << "C006"
-                                      << "cmdWareLevel";
-        QTest::newRow("venue periods") << "C006"
-                                       << "Command1";
+    void goodsButtonsNeedTheirRights_data() { // clang-format off
+        columns<QString, QString>("code", "button");
+        QTest::newRow("type add") << "C004" << "cmdWareTypeAdd";
+        QTest::newRow("type delete") << "C004" << "cmdWareTypeDel";
+        QTest::newRow("article add") << "C005" << "cmdWareAdd";
+        QTest::newRow("article delete") << "C005" << "cmdWareDel";
+        QTest::newRow("type periods") << "C006" << "cmdWareLevel";
+        QTest::newRow("venue periods") << "C006" << "Command1"; // clang-format on
     }
     void goodsButtonsNeedTheirRights() {
-        QFETCH(QString, code);
-        QFETCH(QString, button);
-        TestVenue v;
-        OPEN_VENUE(v);
+        auto [code, button] = fetch<QString, QString>("code", "button");
+        NEW_VENUE(v);
         addGoods();
         signInWithout(code);
         frmOption w;
-        select(child<QTreeWidget>(w, "lvwWareType"), QStringLiteral("02"));
+        select(child<QTreeWidget>(w, "lvwWareType"), u"02"_s);
         auto* goods = child<QTreeWidget>(w, "lvwWare");
         goods->setCurrentItem(goods->topLevelItem(0));
         const auto opened = onModal([](QDialog*) {});
         w.findChild<QPushButton*>(button)->click();
         QCoreApplication::processEvents();
-        QCOMPARE(messages(), QStringList{QStringLiteral("您没有操作此项业务的权限！")});
+        QCOMPARE(messages(), QStringList{u"您没有操作此项业务的权限！"_s});
         QVERIFY(!*opened);
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from Ware")).toInt(), 3);
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from WareType")).toInt(), 2);
+        QCOMPARE(dump(u"select (select count(*) from Ware), (select count(*) from WareType)"_s), u"3|2"_s);
     }
 };
 

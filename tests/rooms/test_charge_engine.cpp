@@ -1,15 +1,18 @@
 #include "ChargeEngine.h"
+#include "Columns.h"
 #include "Format.h"
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 // Day periods as "start-end:price:minimum:buyOutHours:buyOutPrice" separated by blanks.
 PeriodGrid grid(const QString& periods) {
     PeriodGrid g;
-    const QStringList list = periods.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList list = periods.split(u' ', Qt::SkipEmptyParts);
     for (int p = 0; p < list.size(); ++p) {
-        const QStringList f = list[p].split(QLatin1Char(':'));
-        const QStringList hours = f[0].split(QLatin1Char('-'));
+        const QStringList f = list[p].split(u':');
+        const QStringList hours = f[0].split(u'-');
         g.set(p, PeriodGrid::Start, hours[0].toDouble());
         g.set(p, PeriodGrid::End, hours[1].toDouble());
         for (int c = 1; c < f.size(); ++c)
@@ -21,15 +24,14 @@ PeriodGrid grid(const QString& periods) {
 // "HH:mm[:ss]" on the day of the tests, or a full "yyyy-MM-dd HH:mm[:ss]".
 QDateTime at(const QString& text) {
     if (text.size() <= 8) {
-        const QTime t =
-            QTime::fromString(text, text.size() == 5 ? QStringLiteral("HH:mm") : QStringLiteral("HH:mm:ss"));
+        const QTime t = QTime::fromString(text, text.size() == 5 ? u"HH:mm"_s : u"HH:mm:ss"_s);
         return QDateTime(QDate(2026, 11, 21), t);
     }
     return ParseTime(text);
 }
 
 // Tariff A of the worked examples: 60 an hour until 18:00, 100 after.
-const QString TariffA = QStringLiteral("0-18:60 18-24:100");
+const QString TariffA = u"0-18:60 18-24:100"_s;
 
 // The hourly rules spelt out unit by unit on QDateTime, to check the engine's shortcuts.
 Money slowHourMoney(QDateTime t, const QDateTime& close, int unit, int notOne, int privilegeTime,
@@ -61,21 +63,12 @@ class TestChargeEngine : public QObject {
                             << QString::fromLatin1(expected);
     }
 
-private Q_SLOTS:
-    void roomMoney_data() {
-        QTest::addColumn<QString>("periods");
-        QTest::addColumn<int>("unit");
-        QTest::addColumn<int>("notOne");
-        QTest::addColumn<QString>("open");
-        QTest::addColumn<QString>("close");
-        QTest::addColumn<int>("payLevelType");
-        QTest::addColumn<double>("goods");
-        QTest::addColumn<bool>("useMinMoney");
-        QTest::addColumn<double>("oldMoney");
-        QTest::addColumn<QString>("expected");
-        const QString withMinimum = QStringLiteral("0-18:60:300 18-24:100");
-        const QString fixedB = QStringLiteral("0-18:60:0:3:150 18-24:80:0:3:200");
-        const QString noBuyOut = QStringLiteral("0-24:80:0:0:200");
+  private Q_SLOTS:
+    void roomMoney_data() { // clang-format off
+        columns<QString, int, int, QString, QString, int, double, bool, double, QString>("periods", "unit", "notOne", "open", "close", "payLevelType", "goods", "useMinMoney", "oldMoney", "expected");
+        const QString withMinimum = u"0-18:60:300 18-24:100"_s;
+        const QString fixedB = u"0-18:60:0:3:150 18-24:80:0:3:200"_s;
+        const QString noBuyOut = u"0-24:80:0:0:200"_s;
 
         // The worked examples (free minutes 5, grace 10 throughout).
         row("units across the 18:00 change, tail charged", TariffA, 30, 1, "17:20", "19:35", 1, "210");
@@ -105,26 +98,26 @@ private Q_SLOTS:
         row("tail equal to the grace is free", TariffA, 30, 1, "17:20", "18:00", 1, "30");
         row("tail one over the grace", TariffA, 30, 1, "17:20", "18:01", 1, "60");
         row("rule 0 floor takes the tail's period", TariffA, 30, 0, "18:10", "18:30", 1, "100");
-        row("rounded at each unit", QStringLiteral("0-24:100"), 1, 1, "10:00", "10:07", 1, "11.6669");
-        row("tail rounded once", QStringLiteral("0-24:100"), 30, 2, "10:00", "10:07", 1, "11.6667");
+        row("rounded at each unit", u"0-24:100"_s, 1, 1, "10:00", "10:07", 1, "11.6669");
+        row("tail rounded once", u"0-24:100"_s, 30, 2, "10:00", "10:07", 1, "11.6667");
 
         // Periods.
         row("a unit is priced by the period it starts in", TariffA, 30, 1, "17:50", "18:20", 1, "30");
-        row("hours in no period cost nothing", QStringLiteral("10-24:60"), 30, 1, "02:00", "03:00", 1, "0");
-        row("rule 0 floor in no period", QStringLiteral("10-24:60"), 30, 0, "02:00", "02:20", 1, "0");
+        row("hours in no period cost nothing", u"10-24:60"_s, 30, 1, "02:00", "03:00", 1, "0");
+        row("rule 0 floor in no period", u"10-24:60"_s, 30, 0, "02:00", "02:20", 1, "0");
         row("through midnight", TariffA, 30, 1, "23:00", "2026-11-22 01:00", 1, "160");
         row("thirty hours pass the periods twice", TariffA, 30, 1, "12:00", "2026-11-22 18:00", 1, "2040");
         row("a week", TariffA, 30, 1, "00:00", "2026-11-28 00:00", 1, "11760");
-        row("decimals in the tariff round to even", QStringLiteral("0-12:88.5 12-24:89.5"), 60, 1, "11:00",
-            "13:00", 1, "178");
-        row("prices beyond 16 bits", QStringLiteral("0-24:40000"), 60, 1, "10:00", "12:00", 1, "80000");
+        row("decimals in the tariff round to even", u"0-12:88.5 12-24:89.5"_s, 60, 1, "11:00", "13:00", 1,
+            "178");
+        row("prices beyond 16 bits", u"0-24:40000"_s, 60, 1, "10:00", "12:00", 1, "80000");
 
         // Minimum spend.
         row("minimum off", withMinimum, 30, 1, "17:20", "18:20", 1, "60", 0, false);
         row("goods above the minimum", withMinimum, 30, 1, "17:20", "18:20", 1, "60", 400, true);
         row("only the opening period's minimum", withMinimum, 30, 1, "18:20", "19:20", 1, "100", 0, true);
-        row("minimum ignored by a fixed rate", QStringLiteral("0-24:60:300:3:200"), 60, 1, "17:20", "18:20",
-            0, "200", 0, true);
+        row("minimum ignored by a fixed rate", u"0-24:60:300:3:200"_s, 60, 1, "17:20", "18:20", 0, "200", 0,
+            true);
         row("no minimum within the free minutes", withMinimum, 30, 1, "17:20", "17:22", 1, "0", 0, true);
 
         // Fixed rate.
@@ -145,19 +138,13 @@ private Q_SLOTS:
 
         // A unit of 0 or below charges no time instead of looping.
         row("unit 0", TariffA, 0, 1, "17:20", "19:35", 1, "0");
-        row("negative unit", TariffA, -30, 0, "17:20", "19:35", 1, "0");
+        row("negative unit", TariffA, -30, 0, "17:20", "19:35", 1, "0"); // clang-format on
     }
     void roomMoney() {
-        QFETCH(QString, periods);
-        QFETCH(int, unit);
-        QFETCH(int, notOne);
-        QFETCH(QString, open);
-        QFETCH(QString, close);
-        QFETCH(int, payLevelType);
-        QFETCH(double, goods);
-        QFETCH(bool, useMinMoney);
-        QFETCH(double, oldMoney);
-        QFETCH(QString, expected);
+        auto [periods, unit, notOne, open, close, payLevelType, goods, useMinMoney, oldMoney, expected] =
+            fetch<QString, int, int, QString, QString, int, double, bool, double, QString>(
+                "periods", "unit", "notOne", "open", "close", "payLevelType", "goods", "useMinMoney",
+                "oldMoney", "expected");
         const Money m = CalcRoomMoney(at(open), at(close), 1 - payLevelType, unit, notOne, 10, 5,
                                       Money::fromDouble(oldMoney), Money::fromDouble(goods), grid(periods),
                                       useMinMoney, payLevelType);
@@ -165,57 +152,44 @@ private Q_SLOTS:
     }
 
     // Long stays are summed by whole days of units; they must cost what unit-by-unit does.
-    void longStays_data() {
-        QTest::addColumn<int>("unit");
-        QTest::addColumn<int>("notOne");
-        QTest::addColumn<QString>("open");
-        QTest::addColumn<QString>("close");
-        // clang-format off
+    void longStays_data() { // clang-format off
+        columns<int, int, QString, QString>("unit", "notOne", "open", "close");
         QTest::newRow("1 minute, 3 days") << 1 << 2 << "09:13" << "2026-11-24 11:07";
         QTest::newRow("7 minutes, 20 days") << 7 << 1 << "17:20" << "2026-12-11 03:41";
         QTest::newRow("45 minutes, 9 days") << 45 << 0 << "23:59" << "2026-11-30 23:58";
         QTest::newRow("13 minutes, with seconds") << 13 << 2 << "06:00:30" << "2026-11-29 05:59:10";
         QTest::newRow("unit longer than a day") << 1500 << 1 << "12:00" << "2026-12-03 00:00";
-        QTest::newRow("whole days of units") << 1 << 2 << "05:00" << "2026-11-23 05:00";
-        // clang-format on
+        QTest::newRow("whole days of units") << 1 << 2 << "05:00" << "2026-11-23 05:00"; // clang-format on
     }
     void longStays() {
-        QFETCH(int, unit);
-        QFETCH(int, notOne);
-        QFETCH(QString, open);
-        QFETCH(QString, close);
-        const PeriodGrid g = grid(QStringLiteral("0-2:37 2-18:60 18-23:101 23-24:0"));
+        auto [unit, notOne, open, close] =
+            fetch<int, int, QString, QString>("unit", "notOne", "open", "close");
+        const PeriodGrid g = grid(u"0-2:37 2-18:60 18-23:101 23-24:0"_s);
         QCOMPARE(CalcHourMoney(at(open), at(close), unit, notOne, 10, 5, g),
                  slowHourMoney(at(open), at(close), unit, notOne, 10, g));
     }
 
-    void expendTimeText_data() {
-        QTest::addColumn<QString>("open");
-        QTest::addColumn<QString>("close");
-        QTest::addColumn<QString>("text");
-        // clang-format off
+    void expendTimeText_data() { // clang-format off
+        columns<QString, QString, QString>("open", "close", "text");
         QTest::newRow("negative") << "17:20" << "17:19" << "未知";
         QTest::newRow("none") << "17:20" << "17:20" << "0分钟";
         QTest::newRow("seconds ignored") << "10:00:50" << "10:01:10" << "1分钟";
         QTest::newRow("under an hour") << "17:20" << "18:19" << "59分钟";
         QTest::newRow("whole hour") << "17:20" << "18:20" << "1小时0分钟";
-        QTest::newRow("over a day") << "17:20" << "2026-11-22 18:25" << "25小时5分钟";
-        // clang-format on
+        QTest::newRow("over a day") << "17:20" << "2026-11-22 18:25" << "25小时5分钟"; // clang-format on
     }
     void expendTimeText() {
-        QFETCH(QString, open);
-        QFETCH(QString, close);
-        QFETCH(QString, text);
+        auto [open, close, text] = fetch<QString, QString, QString>("open", "close", "text");
         QCOMPARE(GetExpendTimeText(at(open), at(close)), text);
     }
 
     void uncomputableChargeIsMinusOne() {
-        const QDateTime open = at(QStringLiteral("00:00"));
+        const QDateTime open = at(u"00:00"_s);
         QCOMPARE(CalcRoomMoney(QDateTime(), open, 1, 30, 1, 10, 5, {}, {}, grid(TariffA), false, 1),
                  Money::yuan(-1));
-        QCOMPARE(GetExpendTimeText(QDateTime(), open), QStringLiteral("未知"));
+        QCOMPARE(GetExpendTimeText(QDateTime(), open), u"未知"_s);
         // A price at the grid's limit for a year leaves the range of Money.
-        const PeriodGrid g = grid(QStringLiteral("0-24:1e13"));
+        const PeriodGrid g = grid(u"0-24:1e13"_s);
         QCOMPARE(g.at(0, PeriodGrid::Price), qint64(PeriodGrid::Limit));
         QCOMPARE(CalcRoomMoney(open, open.addYears(1), 1, 60, 1, 10, 5, {}, {}, g, false, 1),
                  Money::yuan(-1));

@@ -1,60 +1,44 @@
 #include "AppState.h"
 #include "BoardService.h"
 #include "Clock.h"
+#include "Columns.h"
 #include "Db.h"
+#include "DbProbe.h"
+#include "FormProbe.h"
 #include "Format.h"
 #include "RoomService.h"
 #include "RoomUse.h"
+#include "Seed.h"
 #include "TestVenue.h"
+#include "Together.h"
 #include "fExpense.h"
 #include <QtTest>
 #include <atomic>
-#include <thread>
+
+using namespace Qt::StringLiterals;
 
 namespace {
-const QString Tariff = QStringLiteral("00000000000000001"); // the starting tariff of a new venue
-
-void addType(const QString& id, const QString& name, const QString& tariff = Tariff) {
-    DB().exec(QStringLiteral("insert into TheAssort (AssortID, AssortName, PayLevelID) values (?, ?, ?)"),
-              {id, name, tariff});
-}
-void addRoom(const QString& id, const QString& code, const QString& type, int state = 0,
-             const QString& other1 = {}) {
-    DB().exec(
-        QStringLiteral("insert into The (TheID, TheCode, AssortID, State, Other1) values (?, ?, ?, ?, ?)"),
-        {id, code, type, state, other1});
-}
 // A second, dearer fixed tariff: 100 an hour, counted by the hour.
 void addDearTariff() {
-    DB().exec(QStringLiteral(
-        "insert into PayLevel (PayLevelID, PayLevelName, payType, Unit, NotOne, PrivilegeTime, "
-        "start1, end1, Price1, MinMoney1, PriceA1) values ('dear', '豪华', 0, 60, 0, 0, 0, 24, 100, "
-        "0, 100)"));
+    DB().exec(u"insert into PayLevel (PayLevelID, PayLevelName, payType, Unit, NotOne, PrivilegeTime, "
+              "start1, end1, Price1, MinMoney1, PriceA1) values ('dear', '豪华', 0, 60, 0, 0, 0, 24, 100, "
+              "0, 100)"_s);
 }
 OpenHouseInput input(const QString& theID) {
-    return {theID,
-            QStringLiteral("生日会"),
-            QStringLiteral("6"),
-            QStringLiteral(" 0815 "),
-            QStringLiteral("20"),
-            true,
-            1};
+    return {theID, u"生日会"_s, u"6"_s, u" 0815 "_s, u"20"_s, true, 1};
 }
 QString openRoom(const QString& theID) {
     const Opened o = RoomUseService().open(input(theID));
     return o.expenseID;
 }
 void addLine(const QString& id, const QString& bill, double money, int isdel = 0) {
-    DB().exec(QStringLiteral(
-                  "insert into ExpenseDetail (DetailID, ExpenseID, WareID, num, Price, oughtMoney, isdel, "
-                  "ExpenseTime) values (?, ?, 'w', 1, ?, ?, ?, '2026-11-21 20:00')"),
+    DB().exec(u"insert into ExpenseDetail (DetailID, ExpenseID, WareID, num, Price, oughtMoney, isdel, "
+              "ExpenseTime) values (?, ?, 'w', 1, ?, ?, ?, '2026-11-21 20:00')"_s,
               {id, bill, Money::fromDouble(money), Money::fromDouble(money), isdel});
 }
-Row room(const QString& theID) {
-    return DB().query(QStringLiteral("select * from The where TheID=?"), {theID}).first();
-}
-qint64 count(const QString& sql, const Params& p = {}) {
-    return DB().scalar(sql, p).toLongLong();
+// The state and bill of a room, as "1|e1".
+QString room(const QString& theID) {
+    return dump(u"select State, ExpenseID from The where TheID=?"_s, {theID});
 }
 void setNow(const QDateTime& t) {
     Clock::install(std::make_unique<FixedClock>(t));
@@ -64,411 +48,274 @@ void setNow(const QDateTime& t) {
 class TestRoomUse : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void open_validates_data();
-    void open_validates();
-    void open_writes_the_bill_and_the_room();
-    void open_follows_the_stored_state_data();
-    void open_follows_the_stored_state();
-    void open_race_gives_one_bill();
-    void change_validates_data();
-    void change_validates();
-    void change_moves_the_bill();
-    void merge_folds_lines_into_the_target();
-    void merge_refuses_data();
-    void merge_refuses();
-    void isHigh2Low_data();
-    void isHigh2Low();
-    void board_lists_and_panel();
-};
-
-void TestRoomUse::open_validates_data() {
-    QTest::addColumn<QString>("num");
-    QTest::addColumn<QString>("startMoney");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QString>("field");
-    QTest::newRow("guests not a number") << "六"
-                                         << "0"
-                                         << "请输入顾客人数！"
-                                         << "txtNum";
-    QTest::newRow("guests empty") << ""
-                                  << "0"
-                                  << "请输入顾客人数！"
-                                  << "txtNum";
-    QTest::newRow("door money not a number") << "2"
-                                             << "abc"
-                                             << "请输入门票金额！"
-                                             << "txtStartMoney";
-    QTest::newRow("both wrong: guests first") << "x"
-                                              << "y"
-                                              << "请输入顾客人数！"
-                                              << "txtNum";
-    QTest::newRow("zero guests and no door money are fine") << "0"
-                                                            << "0"
-                                                            << ""
-                                                            << "";
-}
-
-void TestRoomUse::open_validates() {
-    QFETCH(QString, num);
-    QFETCH(QString, startMoney);
-    QFETCH(QString, message);
-    QFETCH(QString, field);
-    TestVenue v;
-    OPEN_VENUE(v);
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("101"), QStringLiteral("a"));
-    OpenHouseInput in = input(QStringLiteral("r1"));
-    in.customerNum = num;
-    in.startMoney = startMoney;
-    const Opened o = RoomUseService().open(in);
-    QCOMPARE(o.refusal ? o.refusal->message : QString(), message);
-    QCOMPARE(o.refusal ? o.refusal->field : QString(), field);
-    QCOMPARE(count(QStringLiteral("select count(*) from Expense")), message.isEmpty() ? 1 : 0);
-}
-
-void TestRoomUse::open_writes_the_bill_and_the_room() {
-    TestVenue v;
-    OPEN_VENUE(v);
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("101"), QStringLiteral("a"));
-    // Seconds are cut: the stay starts on the minute.
-    setNow(QDateTime(QDate(2026, 11, 21), QTime(21, 7, 59)));
-    OpenHouseInput in = input(QStringLiteral("r1"));
-    in.useMinMoney = false;
-    in.payLevelType = 0;
-    in.description = QStringLiteral("王'先生\"预订");
-    const Opened o = RoomUseService().open(in);
-    QVERIFY(o.ok());
-    const Row b =
-        DB().query(QStringLiteral("select * from Expense where ExpenseID=?"), {o.expenseID}).first();
-    QCOMPARE(b.text(QStringLiteral("OpenTime")), QStringLiteral("2026-11-21 21:07"));
-    QCOMPARE(b.integer(QStringLiteral("State")), 1);
-    QCOMPARE(b.text(QStringLiteral("TheID")), QStringLiteral("r1"));
-    QCOMPARE(b.text(QStringLiteral("Description")), QStringLiteral("王'先生\"预订"));
-    QCOMPARE(b.text(QStringLiteral("openOperator")), QStringLiteral("系统管理员"));
-    QCOMPARE(b.integer(QStringLiteral("CustomerNum")), 6);
-    QCOMPARE(b.text(QStringLiteral("markerCode")), QStringLiteral("0815"));
-    QCOMPARE(b.money(QStringLiteral("StartMoney")), Money::yuan(20));
-    QCOMPARE(b.integer(QStringLiteral("IsUseMinMoney")), 0);
-    QCOMPARE(b.text(QStringLiteral("PayLevelID")), Tariff);
-    QCOMPARE(b.integer(QStringLiteral("payLevelType")), 0);
-    const Row r = room(QStringLiteral("r1"));
-    QCOMPARE(r.integer(QStringLiteral("State")), 1);
-    QCOMPARE(r.text(QStringLiteral("ExpenseID")), o.expenseID);
-    // A bill closed at 21:13:00 has run six minutes.
-    QCOMPARE(MinutesBetween(ParseTime(b.text(QStringLiteral("OpenTime"))),
-                            QDateTime(QDate(2026, 11, 21), QTime(21, 13))),
-             6);
-}
-
-void TestRoomUse::open_follows_the_stored_state_data() {
-    QTest::addColumn<int>("state");
-    QTest::addColumn<QString>("other1");
-    QTest::addColumn<bool>("opens");
-    QTest::newRow("free") << 0 << "" << true;
-    QTest::newRow("reserved") << 3 << "" << true;
-    QTest::newRow("lock run out") << 4 << "2026-11-21 19:59" << true;
-    QTest::newRow("lock with a damaged end") << 4 << "soon" << true;
-    QTest::newRow("lock still running") << 4 << "2026-11-21 20:00" << false;
-    QTest::newRow("stopped") << 2 << "" << false;
-    QTest::newRow("in use") << 1 << "" << false;
-}
-
-void TestRoomUse::open_follows_the_stored_state() {
-    QFETCH(int, state);
-    QFETCH(QString, other1);
-    QFETCH(bool, opens);
-    TestVenue v;
-    OPEN_VENUE(v);
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("101"), QStringLiteral("a"), state, other1);
-    DB().exec(
-        QStringLiteral("insert into Reservation (ReservationID, HouseID, state) values ('res', 'r1', 0)"));
-    const Opened o = RoomUseService().open(input(QStringLiteral("r1")));
-    QCOMPARE(o.ok(), opens);
-    QCOMPARE(count(QStringLiteral("select count(*) from Expense")), opens ? 1 : 0);
-    QCOMPARE(room(QStringLiteral("r1")).integer(QStringLiteral("State")), opens ? 1 : state);
-    if (!opens) QCOMPARE(o.refusal->message, RoomText::stateChanged());
-    // Opening leaves a reservation as it was.
-    QCOMPARE(count(QStringLiteral("select count(*) from Reservation where ReservationID='res' and state=0")),
-             1);
-}
-
-void TestRoomUse::open_race_gives_one_bill() {
-    TestVenue v;
-    OPEN_VENUE(v);
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("101"), QStringLiteral("a"));
-    constexpr int Rounds = 10;
-    for (int round = 0; round < Rounds; ++round) {
-        DB().exec(QStringLiteral("update The set State=0, ExpenseID='' where TheID='r1'"));
-        DB().exec(QStringLiteral("delete from Expense"));
-        std::atomic<int> ready{0}, opened{0}, refused{0};
-        auto cashier = [&](int n) {
-            Db db(QStringLiteral("cashier%1").arg(n));
-            db.open(v.config());
-            ++ready;
-            while (ready < 2)
-                std::this_thread::yield();
-            const Opened o = RoomUseService(db).open(input(QStringLiteral("r1")));
-            (o.ok() ? opened : refused)++;
-            db.close();
-        };
-        std::thread a(cashier, 1), b(cashier, 2);
-        a.join();
-        b.join();
-        QCOMPARE(opened.load(), 1);
-        QCOMPARE(refused.load(), 1);
-        QCOMPARE(count(QStringLiteral("select count(*) from Expense where TheID='r1' and State=1")), 1);
-        QCOMPARE(room(QStringLiteral("r1")).text(QStringLiteral("ExpenseID")),
-                 DB().scalar(QStringLiteral("select ExpenseID from Expense where TheID='r1'")).toString());
+    void open_validates_data() { // clang-format off
+        columns<QString, QString, QString, QString>("num", "startMoney", "message", "field");
+        QTest::newRow("guests not a number") << "六" << "0" << "请输入顾客人数！" << "txtNum";
+        QTest::newRow("guests empty") << "" << "0" << "请输入顾客人数！" << "txtNum";
+        QTest::newRow("door money not a number") << "2" << "abc" << "请输入门票金额！" << "txtStartMoney";
+        QTest::newRow("both wrong: guests first") << "x" << "y" << "请输入顾客人数！" << "txtNum";
+        QTest::newRow("zero guests and no door money are fine") << "0" << "0" << "" << ""; // clang-format on
     }
-}
+    void open_validates() {
+        auto [num, startMoney, message, field] =
+            fetch<QString, QString, QString, QString>("num", "startMoney", "message", "field");
+        NEW_VENUE(v);
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoom(u"r1"_s, u"101"_s, u"a"_s);
+        OpenHouseInput in = input(u"r1"_s);
+        in.customerNum = num;
+        in.startMoney = startMoney;
+        const Opened o = RoomUseService().open(in);
+        QCOMPARE(refusal(o.refusal), refusal(message, field));
+        QCOMPARE(count(u"select count(*) from Expense"_s), message.isEmpty() ? 1 : 0);
+    }
+    void open_writes_the_bill_and_the_room() {
+        NEW_VENUE(v);
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoom(u"r1"_s, u"101"_s, u"a"_s);
+        // Seconds are cut: the stay starts on the minute.
+        setNow(QDateTime(QDate(2026, 11, 21), QTime(21, 7, 59)));
+        OpenHouseInput in = input(u"r1"_s);
+        in.useMinMoney = false;
+        in.payLevelType = 0;
+        in.description = u"王'先生\"预订"_s;
+        const Opened o = RoomUseService().open(in);
+        QVERIFY(o.ok());
+        QCOMPARE(dump(u"select OpenTime, State, TheID, Description, openOperator, CustomerNum, markerCode, "
+                      "StartMoney, IsUseMinMoney, PayLevelID, payLevelType from Expense where ExpenseID=?"_s,
+                      {o.expenseID}),
+                 u"2026-11-21 21:07|1|r1|王'先生\"预订|系统管理员|6|0815|200000|0|"_s + StandardTariff +
+                     u"|0"_s);
+        QCOMPARE(room(u"r1"_s), u"1|"_s + o.expenseID);
+        // A bill closed at 21:13:00 has run six minutes.
+        QCOMPARE(
+            MinutesBetween(ParseTime(u"2026-11-21 21:07"_s), QDateTime(QDate(2026, 11, 21), QTime(21, 13))),
+            6);
+    }
+    void open_follows_the_stored_state_data() { // clang-format off
+        columns<int, QString, bool>("state", "other1", "opens");
+        QTest::newRow("free") << 0 << "" << true;
+        QTest::newRow("reserved") << 3 << "" << true;
+        QTest::newRow("lock run out") << 4 << "2026-11-21 19:59" << true;
+        QTest::newRow("lock with a damaged end") << 4 << "soon" << true;
+        QTest::newRow("lock still running") << 4 << "2026-11-21 20:00" << false;
+        QTest::newRow("stopped") << 2 << "" << false;
+        QTest::newRow("in use") << 1 << "" << false; // clang-format on
+    }
+    void open_follows_the_stored_state() {
+        auto [state, other1, opens] = fetch<int, QString, bool>("state", "other1", "opens");
+        NEW_VENUE(v);
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoom(u"r1"_s, u"101"_s, u"a"_s, state, other1);
+        DB().exec(u"insert into Reservation (ReservationID, HouseID, state) values ('res', 'r1', 0)"_s);
+        const Opened o = RoomUseService().open(input(u"r1"_s));
+        QCOMPARE(o.ok(), opens);
+        QCOMPARE(count(u"select count(*) from Expense"_s), opens ? 1 : 0);
+        QCOMPARE(room(u"r1"_s).section(u'|', 0, 0).toInt(), opens ? 1 : state);
+        if (!opens) QCOMPARE(o.refusal->message, RoomText::stateChanged());
+        // Opening leaves a reservation as it was.
+        QCOMPARE(count(u"select count(*) from Reservation where ReservationID='res' and state=0"_s), 1);
+    }
+    void open_race_gives_one_bill() {
+        NEW_VENUE(v);
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoom(u"r1"_s, u"101"_s, u"a"_s);
+        constexpr int Rounds = 10;
+        for (int round = 0; round < Rounds; ++round) {
+            DB().exec(u"update The set State=0, ExpenseID='' where TheID='r1'"_s);
+            DB().exec(u"delete from Expense"_s);
+            std::atomic<int> opened{0}, refused{0};
+            together(v.config(), 2, [&](Db& db, int) {
+                (RoomUseService(db).open(input(u"r1"_s)).ok() ? opened : refused)++;
+            });
+            QCOMPARE(opened.load(), 1);
+            QCOMPARE(refused.load(), 1);
+            QCOMPARE(room(u"r1"_s),
+                     u"1|"_s + text(u"select ExpenseID from Expense where TheID='r1' and State=1"_s));
+        }
+    }
+    void change_validates_data() { // clang-format off
+        columns<QString, QString>("code", "message");
+        QTest::newRow("empty") << "  " << "请输入更换的房间编号！";
+        QTest::newRow("no such room") << "999" << "对不起，您要更换的包厢不存在！";
+        QTest::newRow("its own room") << "101" << "您要更换的包厢已被占用或暂停使用，请重新输入！";
+        QTest::newRow("stopped") << "103" << "您要更换的包厢已被占用或暂停使用，请重新输入！";
+        QTest::newRow("lock run out still counts") << "104" << "您要更换的包厢已被占用或暂停使用，请重新输入！";
+        QTest::newRow("quote is ordinary text") << "1'0" << "对不起，您要更换的包厢不存在！"; // clang-format on
+    }
+    void change_validates() {
+        auto [code, message] = fetch<QString, QString>("code", "message");
+        NEW_VENUE(v);
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoom(u"r1"_s, u"101"_s, u"a"_s);
+        addRoom(u"r3"_s, u"103"_s, u"a"_s, 2);
+        addRoom(u"r4"_s, u"104"_s, u"a"_s, 4, u"2026-11-21 10:00"_s);
+        const QString bill = openRoom(u"r1"_s);
+        const Refused r = RoomUseService().change({bill, u"101"_s, code, {}});
+        QCOMPARE(refusal(r), refusal(message, u"txtNewHouseCode"_s));
+        QCOMPARE(room(u"r1"_s), u"1|"_s + bill);
+        QCOMPARE(count(u"select count(*) from s_log where theDoName='更换包厢'"_s), 0);
+    }
+    void change_moves_the_bill() {
+        NEW_VENUE(v);
+        addDearTariff();
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoomType(u"b"_s, u"豪华包"_s, u"dear"_s);
+        addRoom(u"r1"_s, u"101"_s, u"a"_s);
+        addRoom(u"r2"_s, u"V01"_s, u"b"_s);
+        setNow(QDateTime(QDate(2026, 11, 21), QTime(18, 0)));
+        const QString bill = openRoom(u"r1"_s);
+        App().CurrentOperatorName = u"收银员乙"_s;
+        setNow(QDateTime(QDate(2026, 11, 21), QTime(18, 5)));
+        QVERIFY(!RoomUseService().change({bill, u"101"_s, u"V01"_s, u"嫌吵"_s}));
 
-void TestRoomUse::change_validates_data() {
-    QTest::addColumn<QString>("code");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("empty") << "  "
-                           << "请输入更换的房间编号！";
-    QTest::newRow("no such room") << "999"
-                                  << "对不起，您要更换的包厢不存在！";
-    QTest::newRow("its own room") << "101"
-                                  << "您要更换的包厢已被占用或暂停使用，请重新输入！";
-    QTest::newRow("stopped") << "103"
-                             << "您要更换的包厢已被占用或暂停使用，请重新输入！";
-    QTest::newRow("lock run out still counts") << "104"
-                                               << "您要更换的包厢已被占用或暂停使用，请重新输入！";
-    QTest::newRow("quote is ordinary text") << "1'0"
-                                            << "对不起，您要更换的包厢不存在！";
-}
+        const QString bills = u"select TheID, PayLevelID, OpenTime, openOperator, Description from Expense"_s;
+        QCOMPARE(dump(bills), u"r2|dear|2026-11-21 18:00|收银员乙|生日会\r\n嫌吵"_s);
+        QCOMPARE(room(u"r1"_s), u"0|"_s);
+        QCOMPARE(room(u"r2"_s), u"1|"_s + bill);
+        QCOMPARE(text(u"select theContent from s_log where theDoName='更换包厢'"_s),
+                 u"消费单("_s + bill + u")由包厢101换台为V01"_s);
+        // The whole stay is now priced at the dearer tariff: two hours at 100.
+        Money goods, roomMoney;
+        fExpense().GetByIDCurrency(bill, QDateTime(QDate(2026, 11, 21), QTime(20, 0)), goods, roomMoney);
+        QCOMPARE(roomMoney, Money::yuan(200));
 
-void TestRoomUse::change_validates() {
-    QFETCH(QString, code);
-    QFETCH(QString, message);
-    TestVenue v;
-    OPEN_VENUE(v);
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("101"), QStringLiteral("a"));
-    addRoom(QStringLiteral("r3"), QStringLiteral("103"), QStringLiteral("a"), 2);
-    addRoom(QStringLiteral("r4"), QStringLiteral("104"), QStringLiteral("a"), 4,
-            QStringLiteral("2026-11-21 10:00"));
-    const QString bill = openRoom(QStringLiteral("r1"));
-    const Refused r = RoomUseService().change({bill, QStringLiteral("101"), code, {}});
-    QVERIFY(r);
-    QCOMPARE(r->message, message);
-    QCOMPARE(r->field, QStringLiteral("txtNewHouseCode"));
-    QCOMPARE(room(QStringLiteral("r1")).text(QStringLiteral("ExpenseID")), bill);
-    QCOMPARE(count(QStringLiteral("select count(*) from s_log where theDoName='更换包厢'")), 0);
-}
+        // Moving on with an empty remark keeps the remark.
+        addRoom(u"r5"_s, u"V05"_s, u"b"_s);
+        QVERIFY(!RoomUseService().change({bill, u"V01"_s, u"V05"_s, u"  "_s}));
+        QCOMPARE(dump(bills), u"r5|dear|2026-11-21 18:00|收银员乙|生日会\r\n嫌吵"_s);
 
-void TestRoomUse::change_moves_the_bill() {
-    TestVenue v;
-    OPEN_VENUE(v);
-    addDearTariff();
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addType(QStringLiteral("b"), QStringLiteral("豪华包"), QStringLiteral("dear"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("101"), QStringLiteral("a"));
-    addRoom(QStringLiteral("r2"), QStringLiteral("V01"), QStringLiteral("b"));
-    setNow(QDateTime(QDate(2026, 11, 21), QTime(18, 0)));
-    const QString bill = openRoom(QStringLiteral("r1"));
-    App().CurrentOperatorName = QStringLiteral("收银员乙");
-    setNow(QDateTime(QDate(2026, 11, 21), QTime(18, 5)));
-    QVERIFY(!RoomUseService().change(
-        {bill, QStringLiteral("101"), QStringLiteral("V01"), QStringLiteral("嫌吵")}));
+        // A bill closed meanwhile elsewhere is not moved, and the target room stays free.
+        DB().exec(u"update Expense set State=0 where ExpenseID=?"_s, {bill});
+        const Refused closed = RoomUseService().change({bill, u"V05"_s, u"101"_s, {}});
+        QCOMPARE(closed ? closed->message : QString(), RoomUseText::billClosed());
+        QCOMPARE(room(u"r1"_s), u"0|"_s);
+        QCOMPARE(room(u"r5"_s), u"1|"_s + bill);
+    }
+    void merge_folds_lines_into_the_target() {
+        NEW_VENUE(v);
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoom(u"r1"_s, u"101"_s, u"a"_s);
+        addRoom(u"r2"_s, u"102"_s, u"a"_s);
+        setNow(QDateTime(QDate(2026, 11, 21), QTime(18, 0)));
+        const QString into = openRoom(u"r2"_s);
+        setNow(QDateTime(QDate(2026, 11, 21), QTime(19, 0)));
+        const QString from = openRoom(u"r1"_s);
+        addLine(u"d1"_s, from, 30);
+        addLine(u"d2"_s, from, 12.5, 1);
+        addLine(u"d3"_s, into, 8);
+        Money goodsBefore, roomBefore;
+        const QDateTime close(QDate(2026, 11, 21), QTime(22, 0));
+        fExpense().GetByIDCurrency(into, close, goodsBefore, roomBefore);
 
-    const Row b = DB().query(QStringLiteral("select * from Expense where ExpenseID=?"), {bill}).first();
-    QCOMPARE(b.text(QStringLiteral("TheID")), QStringLiteral("r2"));
-    QCOMPARE(b.text(QStringLiteral("PayLevelID")), QStringLiteral("dear"));
-    QCOMPARE(b.text(QStringLiteral("OpenTime")), QStringLiteral("2026-11-21 18:00"));
-    QCOMPARE(b.text(QStringLiteral("openOperator")), QStringLiteral("收银员乙"));
-    QCOMPARE(b.text(QStringLiteral("Description")), QStringLiteral("生日会\r\n嫌吵"));
-    QCOMPARE(room(QStringLiteral("r1")).integer(QStringLiteral("State")), 0);
-    QCOMPARE(room(QStringLiteral("r1")).text(QStringLiteral("ExpenseID")), QString());
-    QCOMPARE(room(QStringLiteral("r2")).integer(QStringLiteral("State")), 1);
-    QCOMPARE(room(QStringLiteral("r2")).text(QStringLiteral("ExpenseID")), bill);
-    QCOMPARE(
-        DB().scalar(QStringLiteral("select theContent from s_log where theDoName='更换包厢'")).toString(),
-        QStringLiteral("消费单(") + bill + QStringLiteral(")由包厢101换台为V01"));
-    // The whole stay is now priced at the dearer tariff: two hours at 100.
-    Money goods, roomMoney;
-    fExpense().GetByIDCurrency(bill, QDateTime(QDate(2026, 11, 21), QTime(20, 0)), goods, roomMoney);
-    QCOMPARE(roomMoney, Money::yuan(200));
+        QVERIFY(!RoomUseService().merge(u"101"_s, u"102"_s));
+        QCOMPARE(dump(u"select ExpenseID from Expense"_s), into);
+        QCOMPARE(dump(u"select DetailID, ExpenseID, isdel from ExpenseDetail order by DetailID"_s),
+                 u"d1|%1|0\nd2|%1|1\nd3|%1|0"_s.arg(into));
+        QCOMPARE(room(u"r1"_s), u"0|"_s);
+        QCOMPARE(room(u"r2"_s), u"1|"_s + into);
+        // Goods move; the target's own time is priced as before.
+        Money goods, roomMoney;
+        fExpense().GetByIDCurrency(into, close, goods, roomMoney);
+        QCOMPARE(goods, goodsBefore + Money::yuan(30));
+        QCOMPARE(roomMoney, roomBefore);
+    }
+    void merge_refuses_data() { // clang-format off
+        columns<QString, QString, QString, QString>("from", "into", "message", "field");
+        const QString fromWrong = RoomUseText::mergeFromWrong(), intoWrong = RoomUseText::mergeIntoWrong();
+        QTest::newRow("free room to fold in") << "103" << "102" << fromWrong << "txt1";
+        QTest::newRow("unknown room") << "9'9" << "102" << fromWrong << "txt1";
+        QTest::newRow("same room twice") << "101" << "101" << intoWrong << "txt2";
+        QTest::newRow("stopped room to fold into") << "101" << "104" << intoWrong << "txt2";
+        QTest::newRow("empty target") << "101" << "" << intoWrong << "txt2"; // clang-format on
+    }
+    void merge_refuses() {
+        auto [from, into, message, field] =
+            fetch<QString, QString, QString, QString>("from", "into", "message", "field");
+        NEW_VENUE(v);
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoom(u"r1"_s, u"101"_s, u"a"_s);
+        addRoom(u"r2"_s, u"102"_s, u"a"_s);
+        addRoom(u"r3"_s, u"103"_s, u"a"_s);
+        addRoom(u"r4"_s, u"104"_s, u"a"_s, 2);
+        const QString b1 = openRoom(u"r1"_s);
+        const QString b2 = openRoom(u"r2"_s);
+        addLine(u"d1"_s, b1, 30);
+        const Refused r = RoomUseService().merge(from, into);
+        QCOMPARE(r ? QStringList({r->message, r->field, r->title}) : QStringList(),
+                 QStringList({message, field, u"错误的包厢号"_s}));
+        // Nothing changed: the freed room came back with the rollback.
+        QCOMPARE(room(u"r1"_s), u"1|"_s + b1);
+        QCOMPARE(room(u"r2"_s), u"1|"_s + b2);
+        QCOMPARE(count(u"select count(*) from Expense where State=1"_s), 2);
+        QCOMPARE(count(u"select count(*) from ExpenseDetail where ExpenseID=?"_s, {b1}), 1);
+    }
+    void isHigh2Low_data() { // clang-format off
+        columns<QString, double, bool>("code", "oldPrice", "result");
+        // The starting tariff is by time; "dear" is a fixed 100.
+        QTest::newRow("dearer old price") << "V01" << 120.0 << true;
+        QTest::newRow("same price") << "V01" << 100.0 << false;
+        QTest::newRow("cheaper old price") << "V01" << 80.0 << false;
+        QTest::newRow("by-time tariff") << "101" << 500.0 << false;
+        QTest::newRow("no such room") << "nope" << 500.0 << false; // clang-format on
+    }
+    void isHigh2Low() {
+        auto [code, oldPrice, result] = fetch<QString, double, bool>("code", "oldPrice", "result");
+        NEW_VENUE(v);
+        addDearTariff();
+        DB().exec(u"update PayLevel set payType=1 where PayLevelID=?"_s, {StandardTariff});
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoomType(u"b"_s, u"豪华包"_s, u"dear"_s);
+        addRoom(u"r1"_s, u"101"_s, u"a"_s);
+        addRoom(u"r2"_s, u"V01"_s, u"b"_s);
+        QCOMPARE(RoomUseService().isHigh2Low(code, Money::fromDouble(oldPrice)), result);
+    }
+    void board_lists_and_panel() {
+        NEW_VENUE(v);
+        addDearTariff();
+        addRoomType(u"b"_s, u"豪华包"_s, u"dear"_s);
+        addRoomType(u"a"_s, u"小包"_s);
+        addRoom(u"r1"_s, u"V01"_s, u"b"_s);
+        addRoom(u"r2"_s, u"V02"_s, u"b"_s, 4, u"2026-11-21 20:30"_s);
+        addRoom(u"r3"_s, u"V03"_s, u"b"_s, 4, u"2026-11-21 19:59"_s);
+        addRoom(u"r4"_s, u"V04"_s, u"b"_s, 2);
+        setNow(QDateTime(QDate(2026, 11, 21), QTime(17, 58, 40)));
+        const QString bill = openRoom(u"r1"_s);
+        addLine(u"d1"_s, bill, 30);
+        addLine(u"d2"_s, bill, 99, 1);
+        const QDateTime now(QDate(2026, 11, 21), QTime(20, 0));
 
-    // Moving on with an empty remark keeps the remark.
-    addRoom(QStringLiteral("r5"), QStringLiteral("V05"), QStringLiteral("b"));
-    QVERIFY(
-        !RoomUseService().change({bill, QStringLiteral("V01"), QStringLiteral("V05"), QStringLiteral("  ")}));
-    QCOMPARE(
-        DB().scalar(QStringLiteral("select Description from Expense where ExpenseID=?"), {bill}).toString(),
-        QStringLiteral("生日会\r\n嫌吵"));
+        BoardService s;
+        const QList<BoardTab> tabs = s.tabs();
+        QCOMPARE(tabs.size(), 2);
+        auto keys = [&](ShowMode m) {
+            QStringList out;
+            for (const BoardRoom& r : s.rooms(u"b"_s, m, now))
+                out << r.theCode + u':' + r.status.key;
+            return out.join(u' ');
+        };
+        QCOMPARE(keys(ShowMode::All), u"V01:Use V02:Lock V03:Common V04:Stop"_s);
+        QCOMPARE(keys(ShowMode::Use), u"V01:Use"_s);
+        QCOMPARE(keys(ShowMode::NoUse), u"V02:Lock V03:Common V04:Stop"_s);
+        // The lock of V02 runs out without a write.
+        QCOMPARE(s.rooms(u"b"_s, ShowMode::All, QDateTime(QDate(2026, 11, 21), QTime(20, 31)))[1].status.key,
+                 u"Common"_s);
 
-    // A bill closed meanwhile elsewhere is not moved, and the target room stays free.
-    DB().exec(QStringLiteral("update Expense set State=0 where ExpenseID=?"), {bill});
-    const Refused closed = RoomUseService().change({bill, QStringLiteral("V05"), QStringLiteral("101"), {}});
-    QVERIFY(closed);
-    QCOMPARE(closed->message, RoomUseText::billClosed());
-    QCOMPARE(room(QStringLiteral("r1")).integer(QStringLiteral("State")), 0);
-    QCOMPARE(room(QStringLiteral("r5")).integer(QStringLiteral("State")), 1);
-}
-
-void TestRoomUse::merge_folds_lines_into_the_target() {
-    TestVenue v;
-    OPEN_VENUE(v);
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("101"), QStringLiteral("a"));
-    addRoom(QStringLiteral("r2"), QStringLiteral("102"), QStringLiteral("a"));
-    setNow(QDateTime(QDate(2026, 11, 21), QTime(18, 0)));
-    const QString into = openRoom(QStringLiteral("r2"));
-    setNow(QDateTime(QDate(2026, 11, 21), QTime(19, 0)));
-    const QString from = openRoom(QStringLiteral("r1"));
-    addLine(QStringLiteral("d1"), from, 30);
-    addLine(QStringLiteral("d2"), from, 12.5, 1);
-    addLine(QStringLiteral("d3"), into, 8);
-    Money goodsBefore, roomBefore;
-    const QDateTime close(QDate(2026, 11, 21), QTime(22, 0));
-    fExpense().GetByIDCurrency(into, close, goodsBefore, roomBefore);
-
-    QVERIFY(!RoomUseService().merge(QStringLiteral("101"), QStringLiteral("102")));
-    QCOMPARE(count(QStringLiteral("select count(*) from Expense where ExpenseID=?"), {from}), 0);
-    QCOMPARE(count(QStringLiteral("select count(*) from ExpenseDetail where ExpenseID=?"), {into}), 3);
-    QCOMPARE(count(QStringLiteral("select isdel from ExpenseDetail where DetailID='d2'")), 1);
-    QCOMPARE(room(QStringLiteral("r1")).integer(QStringLiteral("State")), 0);
-    QCOMPARE(room(QStringLiteral("r1")).text(QStringLiteral("ExpenseID")), QString());
-    QCOMPARE(room(QStringLiteral("r2")).text(QStringLiteral("ExpenseID")), into);
-    // Goods move; the target's own time is priced as before.
-    Money goods, roomMoney;
-    fExpense().GetByIDCurrency(into, close, goods, roomMoney);
-    QCOMPARE(goods, goodsBefore + Money::yuan(30));
-    QCOMPARE(roomMoney, roomBefore);
-}
-
-void TestRoomUse::merge_refuses_data() {
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("into");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QString>("field");
-    const QString fromWrong = RoomUseText::mergeFromWrong(), intoWrong = RoomUseText::mergeIntoWrong();
-    QTest::newRow("free room to fold in") << "103"
-                                          << "102" << fromWrong << "txt1";
-    QTest::newRow("unknown room") << "9'9"
-                                  << "102" << fromWrong << "txt1";
-    QTest::newRow("same room twice") << "101"
-                                     << "101" << intoWrong << "txt2";
-    QTest::newRow("stopped room to fold into") << "101"
-                                               << "104" << intoWrong << "txt2";
-    QTest::newRow("empty target") << "101"
-                                  << "" << intoWrong << "txt2";
-}
-
-void TestRoomUse::merge_refuses() {
-    QFETCH(QString, from);
-    QFETCH(QString, into);
-    QFETCH(QString, message);
-    QFETCH(QString, field);
-    TestVenue v;
-    OPEN_VENUE(v);
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("101"), QStringLiteral("a"));
-    addRoom(QStringLiteral("r2"), QStringLiteral("102"), QStringLiteral("a"));
-    addRoom(QStringLiteral("r3"), QStringLiteral("103"), QStringLiteral("a"));
-    addRoom(QStringLiteral("r4"), QStringLiteral("104"), QStringLiteral("a"), 2);
-    const QString b1 = openRoom(QStringLiteral("r1"));
-    const QString b2 = openRoom(QStringLiteral("r2"));
-    addLine(QStringLiteral("d1"), b1, 30);
-    const Refused r = RoomUseService().merge(from, into);
-    QVERIFY(r);
-    QCOMPARE(r->message, message);
-    QCOMPARE(r->field, field);
-    QCOMPARE(r->title, QStringLiteral("错误的包厢号"));
-    // Nothing changed: the freed room came back with the rollback.
-    QCOMPARE(room(QStringLiteral("r1")).integer(QStringLiteral("State")), 1);
-    QCOMPARE(room(QStringLiteral("r1")).text(QStringLiteral("ExpenseID")), b1);
-    QCOMPARE(count(QStringLiteral("select count(*) from Expense where State=1")), 2);
-    QCOMPARE(count(QStringLiteral("select count(*) from ExpenseDetail where ExpenseID=?"), {b1}), 1);
-    Q_UNUSED(b2);
-}
-
-void TestRoomUse::isHigh2Low_data() {
-    QTest::addColumn<QString>("code");
-    QTest::addColumn<double>("oldPrice");
-    QTest::addColumn<bool>("result");
-    // The starting tariff is by time; "dear" is a fixed 100.
-    QTest::newRow("dearer old price") << "V01" << 120.0 << true;
-    QTest::newRow("same price") << "V01" << 100.0 << false;
-    QTest::newRow("cheaper old price") << "V01" << 80.0 << false;
-    QTest::newRow("by-time tariff") << "101" << 500.0 << false;
-    QTest::newRow("no such room") << "nope" << 500.0 << false;
-}
-
-void TestRoomUse::isHigh2Low() {
-    QFETCH(QString, code);
-    QFETCH(double, oldPrice);
-    QFETCH(bool, result);
-    TestVenue v;
-    OPEN_VENUE(v);
-    addDearTariff();
-    DB().exec(QStringLiteral("update PayLevel set payType=1 where PayLevelID=?"), {Tariff});
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addType(QStringLiteral("b"), QStringLiteral("豪华包"), QStringLiteral("dear"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("101"), QStringLiteral("a"));
-    addRoom(QStringLiteral("r2"), QStringLiteral("V01"), QStringLiteral("b"));
-    QCOMPARE(RoomUseService().isHigh2Low(code, Money::fromDouble(oldPrice)), result);
-}
-
-void TestRoomUse::board_lists_and_panel() {
-    TestVenue v;
-    OPEN_VENUE(v);
-    addDearTariff();
-    addType(QStringLiteral("b"), QStringLiteral("豪华包"), QStringLiteral("dear"));
-    addType(QStringLiteral("a"), QStringLiteral("小包"));
-    addRoom(QStringLiteral("r1"), QStringLiteral("V01"), QStringLiteral("b"));
-    addRoom(QStringLiteral("r2"), QStringLiteral("V02"), QStringLiteral("b"), 4,
-            QStringLiteral("2026-11-21 20:30"));
-    addRoom(QStringLiteral("r3"), QStringLiteral("V03"), QStringLiteral("b"), 4,
-            QStringLiteral("2026-11-21 19:59"));
-    addRoom(QStringLiteral("r4"), QStringLiteral("V04"), QStringLiteral("b"), 2);
-    setNow(QDateTime(QDate(2026, 11, 21), QTime(17, 58, 40)));
-    const QString bill = openRoom(QStringLiteral("r1"));
-    addLine(QStringLiteral("d1"), bill, 30);
-    addLine(QStringLiteral("d2"), bill, 99, 1);
-    const QDateTime now(QDate(2026, 11, 21), QTime(20, 0));
-
-    BoardService s;
-    const QList<BoardTab> tabs = s.tabs();
-    QCOMPARE(tabs.size(), 2);
-    auto keys = [&](ShowMode m) {
-        QStringList out;
-        for (const BoardRoom& r : s.rooms(QStringLiteral("b"), m, now))
-            out << r.theCode + QLatin1Char(':') + r.status.key;
-        return out.join(QLatin1Char(' '));
-    };
-    QCOMPARE(keys(ShowMode::All), QStringLiteral("V01:Use V02:Lock V03:Common V04:Stop"));
-    QCOMPARE(keys(ShowMode::Use), QStringLiteral("V01:Use"));
-    QCOMPARE(keys(ShowMode::NoUse), QStringLiteral("V02:Lock V03:Common V04:Stop"));
-    // The lock of V02 runs out without a write.
-    QCOMPARE(s.rooms(QStringLiteral("b"), ShowMode::All, QDateTime(QDate(2026, 11, 21), QTime(20, 31)))[1]
-                 .status.key,
-             QStringLiteral("Common"));
-
-    const BoardPanel p = s.panel(QStringLiteral("r1"), QStringLiteral("Use"), bill, now);
-    QCOMPARE(p.house, QStringLiteral("豪华包 V01"));
-    QCOMPARE(p.payLevelName, QStringLiteral("豪华"));
-    QCOMPARE(p.openTime, QStringLiteral("2026年11月21日 17:58"));
-    QCOMPARE(p.expendTime, QStringLiteral("2小时2分钟"));
-    QCOMPARE(p.expenseMoney, QStringLiteral("￥30.00"));
-    Money goods, roomMoney;
-    fExpense().GetByIDCurrency(bill, now, goods, roomMoney);
-    QVERIFY(roomMoney >= Money::yuan(200));
-    QCOMPARE(p.houseMoney, roomMoney.toYuan());
-    QCOMPARE(p.oughtMoney, (roomMoney + Money::yuan(30)).toYuan());
-    QCOMPARE(p.customerNum, QStringLiteral("6"));
-    QCOMPARE(p.isUseMinMoney, QStringLiteral("使用"));
-    QCOMPARE(p.payLevelType, QStringLiteral("按时间计费"));
-    const BoardPanel free = s.panel(QStringLiteral("r3"), QStringLiteral("Common"), {}, now);
-    QCOMPARE(free.house, QStringLiteral("豪华包 V03"));
-    QCOMPARE(free.oughtMoney, QStringLiteral("￥0.00"));
-    QCOMPARE(free.openTime, QString());
-}
+        auto panel = [](const BoardPanel& p) {
+            return QStringList{p.house,      p.payLevelName, p.openTime,    p.expendTime,    p.expenseMoney,
+                               p.houseMoney, p.oughtMoney,   p.customerNum, p.isUseMinMoney, p.payLevelType}
+                .join(u'|');
+        };
+        Money goods, roomMoney;
+        fExpense().GetByIDCurrency(bill, now, goods, roomMoney);
+        QVERIFY(roomMoney >= Money::yuan(200));
+        QCOMPARE(panel(s.panel(u"r1"_s, u"Use"_s, bill, now)),
+                 u"豪华包 V01|豪华|2026年11月21日 17:58|2小时2分钟|￥30.00|%1|%2|6|使用|按时间计费"_s.arg(
+                     roomMoney.toYuan(), (roomMoney + Money::yuan(30)).toYuan()));
+        const BoardPanel free = s.panel(u"r3"_s, u"Common"_s, {}, now);
+        QCOMPARE(free.house + u'|' + free.oughtMoney + u'|' + free.openTime, u"豪华包 V03|￥0.00|"_s);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestRoomUse)
 #include "test_room_use.moc"

@@ -1,7 +1,9 @@
 #include "AppState.h"
 #include "Backup.h"
 #include "Clock.h"
+#include "Columns.h"
 #include "Db.h"
+#include "DbProbe.h"
 #include "Gateway.h"
 #include "Ini.h"
 #include "Log.h"
@@ -13,195 +15,185 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
-void setNow(const QDateTime& t) { Clock::install(std::make_unique<FixedClock>(t)); }
+void setNow(const QDateTime& t) {
+    Clock::install(std::make_unique<FixedClock>(t));
+}
 } // namespace
 
 class TestStore : public QObject {
     Q_OBJECT
-private Q_SLOTS:
+  private Q_SLOTS:
     void seededDatabase() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         QCOMPARE(Schema::currentVersion(DB()), Schema::latestVersion());
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from SysPuissance")).toInt(), 45);
         // The administrator holds every right, C30 and C030 as separate rows.
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from Puissance where OperatorID='qa042' and isHave=1")).toInt(), 45);
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from SysPuissance where SysPuissanceID in ('C30','C030','C26')")).toInt(), 3);
-        QVERIFY(DB().scalar(QStringLiteral("select pw from Operator where LoginName='admin'")).toString().startsWith(QStringLiteral("$argon2id$")));
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from CompanyInfo")).toInt(), 1);
-        QVERIFY(DB().scalar(QStringLiteral("select count(*) from PayLevel")).toInt() >= 1);
+        QCOMPARE(
+            dump(u"select (select count(*) from SysPuissance), (select count(*) from Puissance where "
+                 "OperatorID='qa042' and isHave=1), (select count(*) from SysPuissance where SysPuissanceID "
+                 "in ('C30','C030','C26')), (select count(*) from CompanyInfo)"_s),
+            u"45|45|3|1"_s);
+        QVERIFY(text(u"select pw from Operator where LoginName='admin'"_s).startsWith(u"$argon2id$"_s));
+        QVERIFY(count(u"select count(*) from PayLevel"_s) >= 1);
         // A second run changes nothing.
-        const QString hash = DB().scalar(QStringLiteral("select pw from Operator")).toString();
+        const QString hash = text(u"select pw from Operator"_s);
         QCOMPARE(Schema::migrate(DB()), 0);
-        QCOMPARE(DB().scalar(QStringLiteral("select pw from Operator")).toString(), hash);
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from Puissance")).toInt(), 45);
+        QCOMPARE(text(u"select pw from Operator"_s), hash);
+        QCOMPARE(count(u"select count(*) from Puissance"_s), 45);
     }
 
     void nullMapping() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        DB().exec(QStringLiteral("insert into Operator (OperatorID, LoginName) values ('x1', 'nulls')"));
-        DB().exec(QStringLiteral("insert into Expense (ExpenseID, TheID, State) values ('e1', NULL, 0)"));
-        const Row op = DB().query(QStringLiteral("select * from Operator where OperatorID='x1'")).first();
-        QCOMPARE(op.text(QStringLiteral("pw")), QString());
-        QCOMPARE(op.text(QStringLiteral("DISCOUNT")), QString()); // a null single float reads as empty text...
-        QCOMPARE(op.num(QStringLiteral("discount")), 0.0);        // ...and so as 0
-        const Row e = DB().query(QStringLiteral("select * from Expense where ExpenseID='e1'")).first();
-        QCOMPARE(e.money(QStringLiteral("factpay")), Money());
-        QCOMPARE(e.date(QStringLiteral("CloseTime")), QStringLiteral("1900-01-01 01:01"));
-        QCOMPARE(e.integer(QStringLiteral("CustomerNum")), qint64(0));
-        QVERIFY_THROWS_EXCEPTION(DbError, e.text(QStringLiteral("NoSuchColumn")));
+        NEW_VENUE(v);
+        DB().exec(u"insert into Operator (OperatorID, LoginName) values ('x1', 'nulls')"_s);
+        DB().exec(u"insert into Expense (ExpenseID, TheID, State) values ('e1', NULL, 0)"_s);
+        const Row op = DB().query(u"select * from Operator where OperatorID='x1'"_s).first();
+        // A null single float reads as empty text, and so as 0.
+        QCOMPARE(op.text(u"pw"_s) + op.text(u"DISCOUNT"_s), QString());
+        QCOMPARE(op.num(u"discount"_s), 0.0);
+        const Row e = DB().query(u"select * from Expense where ExpenseID='e1'"_s).first();
+        QCOMPARE(e.money(u"factpay"_s), Money());
+        QCOMPARE(e.date(u"CloseTime"_s), u"1900-01-01 01:01"_s);
+        QCOMPARE(e.integer(u"CustomerNum"_s), qint64(0));
+        QVERIFY_THROWS_EXCEPTION(DbError, e.text(u"NoSuchColumn"_s));
     }
 
-    void textRoundTrips_data() {
+    void textRoundTrips_data() { // clang-format off
         QTest::addColumn<QString>("text");
-        QTest::newRow("quote") << QStringLiteral("O'Brien's \"room\"");
-        QTest::newRow("backslash") << QStringLiteral("a\\b\\'c");
-        QTest::newRow("sql") << QStringLiteral("x'); delete from Operator; --");
-        QTest::newRow("emoji") << QStringLiteral("生日快乐🎂🎉");
+        QTest::newRow("quote") << u"O'Brien's \"room\""_s;
+        QTest::newRow("backslash") << u"a\\b\\'c"_s;
+        QTest::newRow("sql") << u"x'); delete from Operator; --"_s;
+        QTest::newRow("emoji") << u"生日快乐🎂🎉"_s;
         QTest::newRow("long") << QString(5000, QChar(0x6B4C));
-        QTest::newRow("empty") << QString();
+        QTest::newRow("empty") << QString(); // clang-format on
     }
     void textRoundTrips() {
         QFETCH(QString, text);
-        TestVenue v;
-        OPEN_VENUE(v);
-        DB().exec(QStringLiteral("insert into sys_AutoInput (autoinputID, autoInputType, thisValue) values (?,?,?)"),
-                  {QStringLiteral("a1"), QStringLiteral("DetailDescription"), text});
-        QCOMPARE(DB().query(QStringLiteral("select thisValue from sys_AutoInput where thisValue=?"), {text}).count(), 1);
-        QCOMPARE(DB().scalar(QStringLiteral("select thisValue from sys_AutoInput")).toString(), text);
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from Operator")).toInt(), 1);
-        QCOMPARE(DeleteByField(QStringLiteral("sys_AutoInput"), QStringLiteral("thisValue"), text), 1);
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from sys_AutoInput")).toInt(), 0);
+        NEW_VENUE(v);
+        DB().exec(u"insert into sys_AutoInput (autoinputID, autoInputType, thisValue) values (?,?,?)"_s,
+                  {u"a1"_s, u"DetailDescription"_s, text});
+        QCOMPARE(DB().query(u"select thisValue from sys_AutoInput where thisValue=?"_s, {text}).count(), 1);
+        QCOMPARE(::text(u"select thisValue from sys_AutoInput"_s), text);
+        QCOMPARE(count(u"select count(*) from Operator"_s), 1);
+        QCOMPARE(DeleteByField(u"sys_AutoInput"_s, u"thisValue"_s, text), 1);
+        QCOMPARE(count(u"select count(*) from sys_AutoInput"_s), 0);
     }
 
     void gatewayOperations() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        ExecuteSQL(QStringLiteral("insert into CompanyInfo (CompanyName) values (?)"), {QStringLiteral("二店")});
-        QCOMPARE(UpdateTable(QStringLiteral("CompanyInfo"), {{QStringLiteral("phone"), QStringLiteral("110")}},
-                             QStringLiteral("CompanyName=?"), {QStringLiteral("二店")}),
-                 1);
-        QCOMPARE(DB().scalar(QStringLiteral("select phone from CompanyInfo where CompanyName=?"), {QStringLiteral("二店")}).toString(),
-                 QStringLiteral("110"));
+        NEW_VENUE(v);
+        ExecuteSQL(u"insert into CompanyInfo (CompanyName) values (?)"_s, {u"二店"_s});
+        QCOMPARE(UpdateTable(u"CompanyInfo"_s, {{u"phone"_s, u"110"_s}}, u"CompanyName=?"_s, {u"二店"_s}), 1);
+        QCOMPARE(text(u"select phone from CompanyInfo where CompanyName=?"_s, {u"二店"_s}), u"110"_s);
         // A refused delete reads as 0, without a message.
-        QCOMPARE(DeleteByField(QStringLiteral("PayLevel"), QStringLiteral("PayLevelID"), QStringLiteral("00000000000000001")), 1);
-        DB().exec(QStringLiteral("insert into PayLevel (PayLevelID, Unit) values ('p', 10)"));
-        DB().exec(QStringLiteral("insert into TheAssort (AssortID, PayLevelID) values ('a', 'p')"));
-        QCOMPARE(DeleteByField(QStringLiteral("PayLevel"), QStringLiteral("PayLevelID"), QStringLiteral("p")), 0);
-        QCOMPARE(DeleteByField(QStringLiteral("No such"), QStringLiteral("x"), QStringLiteral("p")), 0);
+        QCOMPARE(DeleteByField(u"PayLevel"_s, u"PayLevelID"_s, u"00000000000000001"_s), 1);
+        DB().exec(u"insert into PayLevel (PayLevelID, Unit) values ('p', 10)"_s);
+        DB().exec(u"insert into TheAssort (AssortID, PayLevelID) values ('a', 'p')"_s);
+        QCOMPARE(DeleteByField(u"PayLevel"_s, u"PayLevelID"_s, u"p"_s), 0);
+        QCOMPARE(DeleteByField(u"No such"_s, u"x"_s, u"p"_s), 0);
         // Binary fields: a file in and out again.
-        DB().exec(QStringLiteral("insert into Employee (EmployeeID, EmployeeName) values ('e', '赵敏')"));
-        const QString in = QDir(v.home()).filePath(QStringLiteral("photo.bin"));
-        const QString out = QDir(v.home()).filePath(QStringLiteral("temp.db"));
+        DB().exec(u"insert into Employee (EmployeeID, EmployeeName) values ('e', '赵敏')"_s);
+        const QString in = QDir(v.home()).filePath(u"photo.bin"_s);
+        const QString out = QDir(v.home()).filePath(u"temp.db"_s);
         QByteArray bytes;
-        for (int i = 0; i < 70000; ++i) bytes.append(char(i * 7));
+        for (int i = 0; i < 70000; ++i)
+            bytes.append(char(i * 7));
         QFile f(in);
         QVERIFY(f.open(QIODevice::WriteOnly));
         f.write(bytes);
         f.close();
-        QVERIFY(WriteDataToDB(QStringLiteral("Employee"), QStringLiteral("ThisPhoto"), QStringLiteral("EmployeeID"),
-                              QStringLiteral("e"), in));
-        QVERIFY(ReadDataDB(QStringLiteral("Employee"), QStringLiteral("ThisPhoto"), QStringLiteral("EmployeeID"),
-                           QStringLiteral("e"), out));
+        QVERIFY(WriteDataToDB(u"Employee"_s, u"ThisPhoto"_s, u"EmployeeID"_s, u"e"_s, in));
+        QVERIFY(ReadDataDB(u"Employee"_s, u"ThisPhoto"_s, u"EmployeeID"_s, u"e"_s, out));
         QFile g(out);
         QVERIFY(g.open(QIODevice::ReadOnly));
         QCOMPARE(g.readAll(), bytes);
         QString error;
-        QVERIFY(!WriteDataToDB(QStringLiteral("Employee"), QStringLiteral("ThisPhoto"), QStringLiteral("EmployeeID"),
-                               QStringLiteral("e"), in + QStringLiteral(".missing"), &error));
-        QVERIFY(error.contains(QStringLiteral("in procedure WriteDataToDB of Module mdQNDbToForm")));
+        QVERIFY(!WriteDataToDB(u"Employee"_s, u"ThisPhoto"_s, u"EmployeeID"_s, u"e"_s, in + u".missing"_s,
+                               &error));
+        QVERIFY(error.contains(u"in procedure WriteDataToDB of Module mdQNDbToForm"_s));
     }
 
     void rollbackOnError() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         QVERIFY_THROWS_EXCEPTION(DbError, DB().write([&] {
-            DB().exec(QStringLiteral("insert into Employee (EmployeeID, EmployeeName) values ('e1', 'a')"));
-            DB().exec(QStringLiteral("insert into Employee (EmployeeID, EmployeeName) values ('e1', 'duplicate')"));
+            DB().exec(u"insert into Employee (EmployeeID, EmployeeName) values ('e1', 'a')"_s);
+            DB().exec(u"insert into Employee (EmployeeID, EmployeeName) values ('e1', 'duplicate')"_s);
         }));
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from Employee")).toInt(), 0);
+        QCOMPARE(count(u"select count(*) from Employee"_s), 0);
         QVERIFY(!DB().inTransaction());
         {
             Transaction t;
-            DB().exec(QStringLiteral("insert into Employee (EmployeeID) values ('e2')"));
+            DB().exec(u"insert into Employee (EmployeeID) values ('e2')"_s);
             // Leaving the scope without commit rolls back.
         }
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from Employee")).toInt(), 0);
-        DB().write([&] { DB().exec(QStringLiteral("insert into Employee (EmployeeID) values ('e3')")); });
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from Employee")).toInt(), 1);
+        QCOMPARE(count(u"select count(*) from Employee"_s), 0);
+        DB().write([&] { DB().exec(u"insert into Employee (EmployeeID) values ('e3')"_s); });
+        QCOMPARE(count(u"select count(*) from Employee"_s), 1);
         // The schema refuses a second open bill for one room.
-        DB().exec(QStringLiteral("insert into The (TheID, TheCode) values ('t', '101')"));
-        DB().exec(QStringLiteral("insert into Expense (ExpenseID, TheID, State) values ('b1', 't', 1)"));
-        QVERIFY_THROWS_EXCEPTION(DbError, DB().exec(QStringLiteral("insert into Expense (ExpenseID, TheID, State) values ('b2', 't', 1)")));
-        DB().exec(QStringLiteral("insert into Expense (ExpenseID, TheID, State) values ('b3', 't', 0)"));
+        DB().exec(u"insert into The (TheID, TheCode) values ('t', '101')"_s);
+        DB().exec(u"insert into Expense (ExpenseID, TheID, State) values ('b1', 't', 1)"_s);
+        QVERIFY_THROWS_EXCEPTION(
+            DbError, DB().exec(u"insert into Expense (ExpenseID, TheID, State) values ('b2', 't', 1)"_s));
+        DB().exec(u"insert into Expense (ExpenseID, TheID, State) values ('b3', 't', 0)"_s);
     }
 
-    void nextNo_data() {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("expected");
+    void nextNo_data() { // clang-format off
+        columns<QString, QString>("stored", "expected");
         QTest::newRow("none") << QString() << "20240131-00001";
         QTest::newRow("same day") << "20240131-00006" << "20240131-00007";
         QTest::newRow("new day") << "20240130-00042" << "20240131-00001";
         QTest::newRow("other length") << "20240131--00042" << "20240131-00001";
         QTest::newRow("widening") << "20240131-99999" << "20240131-100000";
         QTest::newRow("after widening") << "20240131-100000" << "20240131-00001";
-        QTest::newRow("garbage") << "abcdefghijklmn" << "20240131-00001";
+        QTest::newRow("garbage") << "abcdefghijklmn" << "20240131-00001"; // clang-format on
     }
     void nextNo() {
-        QFETCH(QString, stored);
-        QFETCH(QString, expected);
-        TestVenue v;
-        OPEN_VENUE(v);
+        auto [stored, expected] = fetch<QString, QString>("stored", "expected");
+        NEW_VENUE(v);
         setNow(QDateTime(QDate(2024, 1, 31), QTime(23, 59)));
-        if (!stored.isNull()) QVERIFY(SetSetup(QStringLiteral("NextNo_Out"), stored));
-        QCOMPARE(GetNextNo(QStringLiteral("Out"), QStringLiteral("-")), expected);
-        QCOMPARE(GetSetup(QStringLiteral("nextno_out")), expected);
+        if (!stored.isNull()) QVERIFY(SetSetup(u"NextNo_Out"_s, stored));
+        QCOMPARE(GetNextNo(u"Out"_s, u"-"_s), expected);
+        QCOMPARE(GetSetup(u"nextno_out"_s), expected);
     }
 
     void nextNoFromTwoConnections() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         Db other;
         other.open(v.config());
         QSet<QString> seen;
         for (int i = 0; i < 10; ++i) {
-            seen.insert(GetNextNo(QStringLiteral("Out"), QStringLiteral("-")));
-            seen.insert(GetNextNo(QStringLiteral("Out"), QStringLiteral("-"), other));
+            seen.insert(GetNextNo(u"Out"_s, u"-"_s));
+            seen.insert(GetNextNo(u"Out"_s, u"-"_s, other));
         }
         QCOMPARE(seen.size(), 20);
-        QCOMPARE(GetSetup(QStringLiteral("NextNo_Out")), QStringLiteral("20261121-00020"));
+        QCOMPARE(GetSetup(u"NextNo_Out"_s), u"20261121-00020"_s);
     }
 
-    void settingsAndFlags_data() {
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<int>("on");
+    void settingsAndFlags_data() { // clang-format off
+        columns<QString, int>("value", "on");
         QTest::newRow("one") << "1" << 1;
         QTest::newRow("minus one") << "-1" << 0;
         QTest::newRow("empty") << "" << 0;
         QTest::newRow("one with text") << "1abc" << 1;
         QTest::newRow("one point zero") << "1.0" << 1;
-        QTest::newRow("two") << "2" << 0;
+        QTest::newRow("two") << "2" << 0; // clang-format on
     }
     void settingsAndFlags() {
-        QFETCH(QString, value);
-        QFETCH(int, on);
-        TestVenue v;
-        OPEN_VENUE(v);
-        QVERIFY(SetSetup(QStringLiteral("IsUseWareHouse"), value));
-        QVERIFY(SetSetup(QStringLiteral("PrintStartBill"), value));
-        QVERIFY(SetSetup(QStringLiteral("btNum"), QStringLiteral("3")));
-        QCOMPARE(GetSetup(QStringLiteral("BTNum")), QStringLiteral("3"));
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from pSetup where lower(setupname)='btnum'")).toInt(), 1);
-        QVERIFY(SetSetup(QStringLiteral("LockTime"), QStringLiteral("40000")));
+        auto [value, on] = fetch<QString, int>("value", "on");
+        NEW_VENUE(v);
+        QVERIFY(SetSetup(u"IsUseWareHouse"_s, value));
+        QVERIFY(SetSetup(u"PrintStartBill"_s, value));
+        QVERIFY(SetSetup(u"btNum"_s, u"3"_s));
+        QCOMPARE(GetSetup(u"BTNum"_s), u"3"_s);
+        QCOMPARE(count(u"select count(*) from pSetup where lower(setupname)='btnum'"_s), 1);
+        QVERIFY(SetSetup(u"LockTime"_s, u"40000"_s));
         LoadSetupValue();
         QCOMPARE(App().IsUseWareHouse, on);
         QCOMPARE(App().IsPrintStartBill, on);
         QCOMPARE(App().LockTime, 40000);
         LoadCompanyInfo();
-        QCOMPARE(App().CompanyName, QStringLiteral("星澜KTV"));
-        DB().exec(QStringLiteral("delete from CompanyInfo"));
+        QCOMPARE(App().CompanyName, u"星澜KTV"_s);
+        DB().exec(u"delete from CompanyInfo"_s);
         LoadCompanyInfo();
         QCOMPARE(App().CompanyName, QString());
     }
@@ -209,83 +201,69 @@ private Q_SLOTS:
     void iniFile() {
         TestVenue v;
         const QString path = IniPath();
-        QVERIFY(SetIni(QStringLiteral("Remind"), QStringLiteral("第一行|第二行")));
-        QCOMPARE(GetIni(QStringLiteral("REMIND")), QStringLiteral("第一行|第二行"));
-        QVERIFY(SetIni(QStringLiteral("remind"), QStringLiteral("新")));
-        QCOMPARE(GetIni(QStringLiteral("Remind")), QStringLiteral("新"));
-        QVERIFY(WriteIniFile(QStringLiteral("Other"), QStringLiteral("k"), QStringLiteral("v"), path));
-        QCOMPARE(ReadIniFile(QStringLiteral("other"), QStringLiteral("K"), path), QStringLiteral("v"));
-        QCOMPARE(ReadIniFile(QStringLiteral("Other"), QStringLiteral("missing"), path), QString());
+        QVERIFY(SetIni(u"Remind"_s, u"第一行|第二行"_s));
+        QCOMPARE(GetIni(u"REMIND"_s), u"第一行|第二行"_s);
+        QVERIFY(SetIni(u"remind"_s, u"新"_s));
+        QCOMPARE(GetIni(u"Remind"_s), u"新"_s);
+        QVERIFY(WriteIniFile(u"Other"_s, u"k"_s, u"v"_s, path));
+        QCOMPARE(ReadIniFile(u"other"_s, u"K"_s, path), u"v"_s);
+        QCOMPARE(ReadIniFile(u"Other"_s, u"missing"_s, path), QString());
         // Reads are cut at 800 bytes without splitting a character.
-        SetIni(QStringLiteral("Long"), QString(500, QChar(0x6B4C)));
-        QCOMPARE(GetIni(QStringLiteral("Long")).toUtf8().size(), 798);
+        SetIni(u"Long"_s, QString(500, QChar(0x6B4C)));
+        QCOMPARE(GetIni(u"Long"_s).toUtf8().size(), 798);
         // The shipped help texts; "|" becomes a line break, four blanks behind.
-        const QString help = GetHelpText(QStringLiteral("LOGIN"));
-        QVERIFY(help.contains(QLatin1Char('\n')));
-        QVERIFY(help.endsWith(QStringLiteral("    ")));
-        QCOMPARE(GetHelpText(QStringLiteral("nosuchform")), QStringLiteral("    "));
+        const QString help = GetHelpText(u"LOGIN"_s);
+        QVERIFY(help.contains(u'\n'));
+        QVERIFY(help.endsWith(u"    "_s));
+        QCOMPARE(GetHelpText(u"nosuchform"_s), u"    "_s);
     }
 
-    void writeLogAndRetention_data() {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("number");
-        QTest::addColumn<int>("left");
+    void writeLogAndRetention_data() { // clang-format off
+        columns<int, QString, int>("type", "number", "left");
         // Rows dated 10, 3, 1 and 0 days ago (now: 2026-11-21 20:00).
         QTest::newRow("keep 5 days") << 0 << "5" << 3;
         QTest::newRow("keep 0 days") << 0 << "0" << 1;
         QTest::newRow("negative days") << 0 << "-4" << 1;
         QTest::newRow("keep 2 rows") << 1 << "2" << 2;
         QTest::newRow("keep 0 rows") << 1 << "0" << 0;
-        QTest::newRow("keep more rows") << 1 << "10" << 4;
+        QTest::newRow("keep more rows") << 1 << "10" << 4; // clang-format on
     }
     void writeLogAndRetention() {
-        QFETCH(int, type);
-        QFETCH(QString, number);
-        QFETCH(int, left);
-        TestVenue v;
-        OPEN_VENUE(v);
+        auto [type, number, left] = fetch<int, QString, int>("type", "number", "left");
+        NEW_VENUE(v);
         const QDateTime now = TestVenue::fixedNow();
         for (int days : {10, 3, 1, 0})
-            WriteLog(now.addDays(-days), QStringLiteral("O'Neil"), QStringLiteral("营业设置"), QStringLiteral("其它设置"),
-                     days, days != 3, QStringLiteral("it's %1").arg(days));
-        SetSetup(QStringLiteral("LogType"), QString::number(type));
-        SetSetup(QStringLiteral("LogSaveNumber"), number);
+            WriteLog(now.addDays(-days), u"O'Neil"_s, u"营业设置"_s, u"其它设置"_s, days, days != 3,
+                     u"it's %1"_s.arg(days));
+        SetSetup(u"LogType"_s, QString::number(type));
+        SetSetup(u"LogSaveNumber"_s, number);
         TrimLog();
-        QCOMPARE(DB().scalar(QStringLiteral("select count(*) from s_log")).toInt(), left);
-        if (left > 0) {
-            const Row newest = DB().query(QStringLiteral("select * from s_log order by Logdate desc")).first();
-            QCOMPARE(newest.text(QStringLiteral("theContent")), QStringLiteral("it's 0"));
-            QCOMPARE(newest.text(QStringLiteral("theOperator")), QStringLiteral("O'Neil"));
-            QCOMPARE(newest.text(QStringLiteral("Dotype")), QStringLiteral("其它"));
-            QCOMPARE(newest.text(QStringLiteral("dook")), QStringLiteral("成功"));
-            QCOMPARE(newest.date(QStringLiteral("Logdate")), QStringLiteral("2026-11-21 20:00"));
-        }
+        QCOMPARE(count(u"select count(*) from s_log"_s), left);
+        if (left > 0)
+            QCOMPARE(
+                dump(
+                    u"select theContent, theOperator, Dotype, dook, Logdate from s_log order by Logdate desc"_s)
+                    .section(u'\n', 0, 0),
+                u"it's 0|O'Neil|其它|成功|2026-11-21 20:00"_s);
     }
 
     void logKinds() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        const QStringList expected = {QStringLiteral("新增"), QStringLiteral("修改"), QStringLiteral("删除"), QStringLiteral("其它")};
+        NEW_VENUE(v);
         for (int kind = 1; kind <= 4; ++kind)
             WriteLog(TestVenue::fixedNow(), QString(), QString(), QString(), kind, kind != 2, QString());
-        QStringList got;
-        for (const Row r : DB().query(QStringLiteral("select Dotype, dook from s_log order by Dotype")))
-            got << r.text(QStringLiteral("Dotype"));
-        std::sort(got.begin(), got.end());
-        QStringList sorted = expected;
-        std::sort(sorted.begin(), sorted.end());
-        QCOMPARE(got, sorted);
-        QCOMPARE(DB().scalar(QStringLiteral("select dook from s_log where Dotype=?"), {QStringLiteral("修改")}).toString(),
-                 QStringLiteral("失败"));
+        QStringList got = dump(u"select Dotype, dook from s_log"_s).split(u'\n');
+        QStringList expected = {u"新增|成功"_s, u"修改|失败"_s, u"删除|成功"_s, u"其它|成功"_s};
+        got.sort();
+        expected.sort();
+        QCOMPARE(got, expected);
     }
 
     void backupCopiesTheDatabase() {
         if (TestVenue::isPg()) QSKIP("the file backup is for the embedded database");
-        TestVenue v;
-        OPEN_VENUE(v);
-        DB().exec(QStringLiteral("insert into Employee (EmployeeID, EmployeeName) values ('e', '孙磊')"));
+        NEW_VENUE(v);
+        DB().exec(u"insert into Employee (EmployeeID, EmployeeName) values ('e', '孙磊')"_s);
         const QString target = DefaultBackupName(v.home());
-        QCOMPARE(QFileInfo(target).fileName(), QStringLiteral("202611212000.db"));
+        QCOMPARE(QFileInfo(target).fileName(), u"202611212000.db"_s);
         QString error;
         QVERIFY2(BackupSqlite(DB(), target, &error), qPrintable(error));
         QVERIFY2(BackupSqlite(DB(), target, &error), qPrintable(error)); // same minute: replaced
@@ -293,8 +271,8 @@ private Q_SLOTS:
         DbConfig c;
         c.file = target;
         copy.open(c);
-        QCOMPARE(copy.scalar(QStringLiteral("select EmployeeName from Employee")).toString(), QStringLiteral("孙磊"));
-        QVERIFY(!BackupSqlite(DB(), QStringLiteral("/proc/no/such/dir/x.db"), &error));
+        QCOMPARE(copy.scalar(u"select EmployeeName from Employee"_s).toString(), u"孙磊"_s);
+        QVERIFY(!BackupSqlite(DB(), u"/proc/no/such/dir/x.db"_s, &error));
         QVERIFY(!error.isEmpty());
     }
 
@@ -303,7 +281,7 @@ private Q_SLOTS:
         QTemporaryDir dir;
         Db db;
         DbConfig c;
-        c.file = dir.filePath(QStringLiteral("old.db"));
+        c.file = dir.filePath(u"old.db"_s);
         db.open(c);
         // A database from before any version: only the settings table with an old dbver.
         QCOMPARE(Schema::currentVersion(db), 0);

@@ -1,7 +1,9 @@
-#include "FormProbe.h"
 #include "AutoInput.h"
+#include "Columns.h"
+#include "DbProbe.h"
 #include "Desktop.h"
 #include "Dialect.h"
+#include "FormProbe.h"
 #include "ListColumns.h"
 #include "ListExport.h"
 #include "ListSort.h"
@@ -22,35 +24,26 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+using namespace Qt::StringLiterals;
+
 Q_DECLARE_METATYPE(QList<ListColumnDef>)
 
 namespace {
-void look(QWidget& w, const QString& name) {
-    const QString dir = qEnvironmentVariable("SINGBOX_SHOTS");
-    if (dir.isEmpty()) return;
-    QDir().mkpath(dir);
-    w.grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
-}
-
 ListColumnDef col(const QString& name, const QString& title, int width = 1000, bool show = true,
                   const QString& rule = {}) {
     return {name, title, width, 0, show, rule, {}};
 }
 
 void addMembers() {
-    const QString sql =
-        QStringLiteral("insert into Member (MemberCode, MemberName, State, chongzhi, AddDate, MemberValue) "
-                       "values (?, ?, ?, ?, ?, ?)");
-    DB().exec(sql, {QStringLiteral("M01"), QStringLiteral("张三"), 0, qint64(0),
-                    QStringLiteral("2025-12-31 09:30"), 9.0});
-    DB().exec(sql, {QStringLiteral("M02"), QStringLiteral("O'Neil"), 1, qint64(1234500),
-                    QStringLiteral("2026-01-05 10:00"), 10.0});
+    const QString sql = u"insert into Member (MemberCode, MemberName, State, chongzhi, AddDate, MemberValue) "
+                        "values (?, ?, ?, ?, ?, ?)"_s;
+    DB().exec(sql, {u"M01"_s, u"张三"_s, 0, qint64(0), u"2025-12-31 09:30"_s, 9.0});
+    DB().exec(sql, {u"M02"_s, u"O'Neil"_s, 1, qint64(1234500), u"2026-01-05 10:00"_s, 10.0});
 }
 
 Rows members() {
-    return DB().query(
-        QStringLiteral("select MemberCode, MemberName, State, chongzhi, AddDate, MemberValue from Member "
-                       "order by MemberCode desc"));
+    return DB().query(u"select MemberCode, MemberName, State, chongzhi, AddDate, MemberValue from Member "
+                      "order by MemberCode desc"_s);
 }
 
 QStringList headers(const QTreeWidget& l) {
@@ -76,15 +69,6 @@ QList<int> widths(const QTreeWidget& l) {
     for (int i = 0; i < l.columnCount(); ++i)
         out << l.header()->sectionSize(i);
     return out;
-}
-QStringList L(std::initializer_list<const char*> texts) {
-    QStringList out;
-    for (const char* t : texts)
-        out << QString::fromUtf8(t);
-    return out;
-}
-int count(const QString& sql, const Params& p = {}) {
-    return DB().scalar(sql, p).toInt();
 }
 
 // Where each seeded list gets its rows: the query of its window.
@@ -172,15 +156,13 @@ const QList<std::pair<const char*, const char*>>& seededLists() {
 class TestLists : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void formatShowValue_data() {
-        QTest::addColumn<QString>("rule");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("shown");
-        const QString state = QStringLiteral("1,0可用|1停用");
-        const QVariant at(QStringLiteral("2026-11-21 20:05"));
-        QTest::newRow("no rule") << "" << QVariant(QStringLiteral("O'Neil")) << "O'Neil";
+    void formatShowValue_data() { // clang-format off
+        columns<QString, QVariant, QString>("rule", "value", "shown");
+        const QString state = u"1,0可用|1停用"_s;
+        const QVariant at(u"2026-11-21 20:05"_s);
+        QTest::newRow("no rule") << "" << QVariant(u"O'Neil"_s) << "O'Neil";
         QTest::newRow("no rule, null") << "" << QVariant() << "";
-        QTest::newRow("unknown type") << "9,x" << QVariant(QStringLiteral("abc")) << "abc";
+        QTest::newRow("unknown type") << "9,x" << QVariant(u"abc"_s) << "abc";
         QTest::newRow("list, first item") << state << QVariant(0) << "可用";
         QTest::newRow("list, later item") << state << QVariant(1) << "停用";
         QTest::newRow("list, no item") << state << QVariant(2) << "";
@@ -193,91 +175,59 @@ class TestLists : public QObject {
         QTest::newRow("date letter upper-cased") << "2,j" << at << "21日 20:05";
         QTest::newRow("unknown letter acts as A") << "2,Z" << at << "2026年11月21日";
         QTest::newRow("no letter acts as A") << "2," << at << "2026年11月21日";
-        QTest::newRow("date without time")
-            << "2,H" << QVariant(QStringLiteral("2026-11-21")) << "2026年11月21日 00:00";
-        QTest::newRow("not a date") << "2,A" << QVariant(QStringLiteral("明天")) << "明天";
+        QTest::newRow("date without time") << "2,H" << QVariant(u"2026-11-21"_s) << "2026年11月21日 00:00";
+        QTest::newRow("not a date") << "2,A" << QVariant(u"明天"_s) << "明天";
         QTest::newRow("no date") << "2,A" << QVariant() << "";
         QTest::newRow("money") << "3,0.00" << QVariant(qint64(123456)) << "12.35";
         QTest::newRow("money, half away from zero") << "3,0.00" << QVariant(qint64(-50)) << "-0.01";
         QTest::newRow("money, yuan sign") << "3,￥0.00" << QVariant(qint64(10000)) << "￥1.00";
-        QTest::newRow("money, thousands")
-            << "3,#,##0.00" << QVariant(qint64(12345678900000)) << "1,234,567,890.00";
-        QTest::newRow("money, thousands, negative")
-            << "3,￥#,##0" << QVariant(qint64(-12345670000)) << "￥-1,234,567";
+        QTest::newRow("money, thousands") << "3,#,##0.00" << QVariant(qint64(12345678900000)) << "1,234,567,890.00";
+        QTest::newRow("money, thousands, negative") << "3,￥#,##0" << QVariant(qint64(-12345670000)) << "￥-1,234,567";
         QTest::newRow("money, a sum as double") << "3,0.00" << QVariant(123456.0) << "12.35";
         QTest::newRow("money, no format") << "3," << QVariant(qint64(5000)) << "0.50";
-        QTest::newRow("money, null") << "3,0.00" << QVariant() << "0.00";
+        QTest::newRow("money, null") << "3,0.00" << QVariant() << "0.00"; // clang-format on
     }
     void formatShowValue() {
-        QFETCH(QString, rule);
-        QFETCH(QVariant, value);
-        QFETCH(QString, shown);
+        auto [rule, value, shown] = fetch<QString, QVariant, QString>("rule", "value", "shown");
         QCOMPARE(FormatShowValue(rule, value), shown);
     }
 
-    void showList_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QList<ListColumnDef>>("stored");
-        QTest::addColumn<bool>("keyed");
-        QTest::addColumn<QStringList>("heads");
-        QTest::addColumn<QList<int>>("pixels");
-        QTest::addColumn<QStringList>("first");
-        QTest::addColumn<QString>("key");
-        const QString name = QStringLiteral("frm'Test.lvwThis");
-        QTest::newRow("configured, quote and trailing blank in the name")
-            << name + QStringLiteral("  ")
-            << QList<ListColumnDef>{col(QStringLiteral("MemberName"), QStringLiteral("姓名"), 1500),
-                                    col(QStringLiteral("State"), QStringLiteral("状态"), 900, true,
-                                        QStringLiteral("1,0可用|1停用")),
-                                    col(QStringLiteral("chongzhi"), QStringLiteral("余额"), 1200, true,
-                                        QStringLiteral("3,0.00")),
-                                    col(QStringLiteral("MemberCode"), QStringLiteral("编号"), 1000, false)}
-            << true << QStringList{QStringLiteral("姓名"), QStringLiteral("状态"), QStringLiteral("余额")}
-            << QList<int>{100, 60, 80}
-            << QStringList{QStringLiteral("O'Neil"), QStringLiteral("停用"), QStringLiteral("123.45")}
-            << "kO'Neil";
-        QTest::newRow("key column of width 0, date rule")
-            << name
-            << QList<ListColumnDef>{col(QStringLiteral("MemberCode"), QStringLiteral("编号"), 0),
-                                    col(QStringLiteral("AddDate"), QStringLiteral("登记日期"), 1700, true,
-                                        QStringLiteral("2,A"))}
-            << true << QStringList{QStringLiteral("编号"), QStringLiteral("登记日期")} << QList<int>{0, 113}
-            << QStringList{QStringLiteral("M01"), QStringLiteral("2025年12月31日")} << "kM01";
-        QTest::newRow("field the record set lacks")
-            << name
-            << QList<ListColumnDef>{col(QStringLiteral("MemberCode"), QStringLiteral("编号")),
-                                    col(QStringLiteral("phone"), QStringLiteral("电话"), 1200, true,
-                                        QStringLiteral("1,0无"))}
-            << false << QStringList{QStringLiteral("编号"), QStringLiteral("电话")} << QList<int>{67, 80}
-            << QStringList{QStringLiteral("M01"), QString()} << "";
-        QTest::newRow("all hidden")
-            << name
-            << QList<ListColumnDef>{col(QStringLiteral("MemberCode"), QStringLiteral("编号"), 1000, false),
-                                    col(QStringLiteral("MemberName"), QStringLiteral("姓名"), 1000, false)}
-            << true << QStringList() << QList<int>() << QStringList() << "";
+    void showList_data() { // clang-format off
+        columns<QString, QList<ListColumnDef>, bool, QStringList, QList<int>, QStringList, QString>("name", "stored", "keyed", "heads", "pixels", "first", "key");
+        const QString name = u"frm'Test.lvwThis"_s;
+        QTest::newRow("configured, quote and trailing blank in the name") << name + u"  "_s
+            << QList<ListColumnDef>{col(u"MemberName"_s, u"姓名"_s, 1500), col(u"State"_s, u"状态"_s, 900, true, u"1,0可用|1停用"_s), col(u"chongzhi"_s, u"余额"_s, 1200, true, u"3,0.00"_s), col(u"MemberCode"_s, u"编号"_s, 1000, false)}
+            << true << QStringList{u"姓名"_s, u"状态"_s, u"余额"_s} << QList<int>{100, 60, 80}
+            << QStringList{u"O'Neil"_s, u"停用"_s, u"123.45"_s} << "kO'Neil";
+        QTest::newRow("key column of width 0, date rule") << name
+            << QList<ListColumnDef>{col(u"MemberCode"_s, u"编号"_s, 0), col(u"AddDate"_s, u"登记日期"_s, 1700, true, u"2,A"_s)}
+            << true << QStringList{u"编号"_s, u"登记日期"_s} << QList<int>{0, 113}
+            << QStringList{u"M01"_s, u"2025年12月31日"_s} << "kM01";
+        QTest::newRow("field the record set lacks") << name
+            << QList<ListColumnDef>{col(u"MemberCode"_s, u"编号"_s), col(u"phone"_s, u"电话"_s, 1200, true, u"1,0无"_s)}
+            << false << QStringList{u"编号"_s, u"电话"_s} << QList<int>{67, 80}
+            << QStringList{u"M01"_s, QString()} << "";
+        QTest::newRow("all hidden") << name
+            << QList<ListColumnDef>{col(u"MemberCode"_s, u"编号"_s, 1000, false), col(u"MemberName"_s, u"姓名"_s, 1000, false)}
+            << true << QStringList() << QList<int>() << QStringList() << ""; // clang-format on
     }
     void showList() {
-        QFETCH(QString, name);
-        QFETCH(QList<ListColumnDef>, stored);
-        QFETCH(bool, keyed);
-        QFETCH(QStringList, heads);
-        QFETCH(QList<int>, pixels);
-        QFETCH(QStringList, first);
-        QFETCH(QString, key);
-        TestVenue v;
-        OPEN_VENUE(v);
+        auto [name, stored, keyed, heads, pixels, first, key] =
+            fetch<QString, QList<ListColumnDef>, bool, QStringList, QList<int>, QStringList, QString>(
+                "name", "stored", "keyed", "heads", "pixels", "first", "key");
+        NEW_VENUE(v);
         addMembers();
-        QVERIFY(!SaveListColumns(QStringLiteral("frm'Test.lvwThis"), stored));
+        QVERIFY(!SaveListColumns(u"frm'Test.lvwThis"_s, stored));
         QTreeWidget list;
         list.setColumnCount(7); // a list filled before keeps nothing of it
-        new QTreeWidgetItem(&list, {QStringLiteral("old")});
+        new QTreeWidgetItem(&list, {u"old"_s});
         ShowList(&list, name, members(), keyed);
         QCOMPARE(headers(list), heads);
         QCOMPARE(widths(list), pixels);
         QCOMPARE(list.topLevelItemCount(), heads.isEmpty() ? 0 : 2);
-        QCOMPARE(count(QStringLiteral("select count(*) from FD_FormControl where FormControlName=?"),
-                       {QStringLiteral("frm'Test.lvwThis")}),
-                 int(stored.size()));
+        QCOMPARE(
+            count(u"select count(*) from FD_FormControl where FormControlName=?"_s, {u"frm'Test.lvwThis"_s}),
+            int(stored.size()));
         if (heads.isEmpty()) return;
         QCOMPARE(row(list, 0), first);
         QCOMPARE(list.topLevelItem(0)->data(0, Qt::UserRole).toString(), key);
@@ -287,110 +237,84 @@ class TestLists : public QObject {
     }
 
     void newListTakesTheFieldsOfItsRecordSet() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         addMembers();
-        const QString name = QStringLiteral("frmNew.lvw'This");
-        const Rows rows =
-            DB().query(QStringLiteral("select MemberCode, MemberName, State, MemberCode from Member"));
+        const QString name = u"frmNew.lvw'This"_s;
+        const Rows rows = DB().query(u"select MemberCode, MemberName, State, MemberCode from Member"_s);
         QTreeWidget list;
         ShowList(&list, name, rows, false);
-        QCOMPARE(headers(list), (QStringList{QStringLiteral("membercode"), QStringLiteral("membername"),
-                                             QStringLiteral("state")}));
+        QCOMPARE(headers(list), (QStringList{u"membercode"_s, u"membername"_s, u"state"_s}));
         QCOMPARE(widths(list), (QList<int>{67, 67, 67}));
-        const Rows stored = DB().query(
-            QStringLiteral("select colname, coltitle, ColWidth, ColOrder, IsShow from FD_FormControl where "
-                           "FormControlName=? order by ColOrder"),
-            {name});
-        QCOMPARE(stored.count(), 3);
-        for (int i = 0; i < 3; ++i) {
-            QCOMPARE(stored[i].text(QStringLiteral("coltitle")), stored[i].text(QStringLiteral("colname")));
-            QCOMPARE(stored[i].integer(QStringLiteral("ColWidth")), qint64(1000));
-            QCOMPARE(stored[i].integer(QStringLiteral("ColOrder")), qint64(i + 1));
-            QCOMPARE(stored[i].text(QStringLiteral("IsShow")), QStringLiteral("Y"));
-        }
+        QCOMPARE(dump(u"select colname, coltitle, ColWidth, ColOrder, IsShow from FD_FormControl where "
+                      "FormControlName=? order by ColOrder"_s,
+                      {name}),
+                 u"membercode|membercode|1000|1|Y\nmembername|membername|1000|2|Y\nstate|state|1000|3|Y"_s);
         // Filled again, the stored columns serve as they are.
-        DB().exec(QStringLiteral("update FD_FormControl set coltitle='姓名' where colname='membername'"));
+        DB().exec(u"update FD_FormControl set coltitle='姓名' where colname='membername'"_s);
         ShowList(&list, name, rows, false);
-        QCOMPARE(headers(list).at(1), QStringLiteral("姓名"));
-        QCOMPARE(count(QStringLiteral("select count(*) from FD_FormControl where FormControlName=?"), {name}),
-                 3);
+        QCOMPARE(headers(list).at(1), u"姓名"_s);
+        QCOMPARE(count(u"select count(*) from FD_FormControl where FormControlName=?"_s, {name}), 3);
     }
 
-    void sortList_data() {
-        QTest::addColumn<QList<int>>("clicks");
-        QTest::addColumn<QStringList>("codes");
-        QTest::addColumn<int>("section");
-        QTest::addColumn<bool>("descending");
-        QTest::newRow("first column again turns round")
-            << QList<int>{0} << L({"M03", "M02", "M01"}) << 0 << true;
-        QTest::newRow("another column ascending, as text")
-            << QList<int>{1} << L({"M02", "M03", "M01"}) << 1 << false;
+    void sortList_data() { // clang-format off
+        columns<QList<int>, QStringList, int, bool>("clicks", "codes", "section", "descending");
+        QTest::newRow("first column again turns round") << QList<int>{0} << L({"M03", "M02", "M01"}) << 0 << true;
+        QTest::newRow("another column ascending, as text") << QList<int>{1} << L({"M02", "M03", "M01"}) << 1 << false;
         QTest::newRow("twice descending") << QList<int>{1, 1} << L({"M01", "M03", "M02"}) << 1 << true;
-        QTest::newRow("three times ascending")
-            << QList<int>{1, 1, 1} << L({"M02", "M03", "M01"}) << 1 << false;
-        QTest::newRow("back to the first ascending")
-            << QList<int>{1, 0} << L({"M01", "M02", "M03"}) << 0 << false;
-        QTest::newRow("outside the columns") << QList<int>{5} << L({"M01", "M02", "M03"}) << 0 << false;
+        QTest::newRow("three times ascending") << QList<int>{1, 1, 1} << L({"M02", "M03", "M01"}) << 1 << false;
+        QTest::newRow("back to the first ascending") << QList<int>{1, 0} << L({"M01", "M02", "M03"}) << 0 << false;
+        QTest::newRow("outside the columns") << QList<int>{5} << L({"M01", "M02", "M03"}) << 0 << false; // clang-format on
     }
     void sortList() {
-        QFETCH(QList<int>, clicks);
-        QFETCH(QStringList, codes);
-        QFETCH(int, section);
-        QFETCH(bool, descending);
-        TestVenue v;
-        OPEN_VENUE(v);
+        auto [clicks, codes, section, descending] =
+            fetch<QList<int>, QStringList, int, bool>("clicks", "codes", "section", "descending");
+        NEW_VENUE(v);
         addMembers();
-        DB().exec(QStringLiteral("insert into Member (MemberCode, MemberValue) values ('M03', 100)"));
-        QVERIFY(!SaveListColumns(QStringLiteral("points"),
-                                 {col(QStringLiteral("MemberCode"), QStringLiteral("编号")),
-                                  col(QStringLiteral("MemberValue"), QStringLiteral("积分"))}));
+        DB().exec(u"insert into Member (MemberCode, MemberValue) values ('M03', 100)"_s);
+        QVERIFY(!SaveListColumns(u"points"_s,
+                                 {col(u"MemberCode"_s, u"编号"_s), col(u"MemberValue"_s, u"积分"_s)}));
         QTreeWidget list;
-        ShowList(&list, QStringLiteral("points"), members(), false);
+        ShowList(&list, u"points"_s, members(), false);
         // Points 9, 10 and 100 compare as text: "10" < "100" < "9".
         for (int c : clicks)
             SortList(&list, c);
         QCOMPARE(column(list, 0), codes);
         QCOMPARE(list.header()->sortIndicatorSection(), section);
-        QCOMPARE(list.header()->sortIndicatorOrder(), descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+        QCOMPARE(list.header()->sortIndicatorOrder() == Qt::DescendingOrder, descending);
     }
 
     void headerClicksSort() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         addMembers();
         QTreeWidget list;
-        ShowList(&list, QStringLiteral("clicks"), members(), false);
+        ShowList(&list, u"clicks"_s, members(), false);
         SortListOnHeaderClick(&list);
         list.show();
         QVERIFY(QTest::qWaitForWindowExposed(&list));
         QHeaderView* h = list.header();
         const QPoint second(h->sectionViewportPosition(1) + 5, h->height() / 2);
         QTest::mouseClick(h->viewport(), Qt::LeftButton, {}, second);
-        QCOMPARE(column(list, 1), (QStringList{QStringLiteral("O'Neil"), QStringLiteral("张三")}));
+        QCOMPARE(column(list, 1), (QStringList{u"O'Neil"_s, u"张三"_s}));
         QTest::mouseClick(h->viewport(), Qt::LeftButton, {}, second);
-        QCOMPARE(column(list, 1), (QStringList{QStringLiteral("张三"), QStringLiteral("O'Neil")}));
+        QCOMPARE(column(list, 1), (QStringList{u"张三"_s, u"O'Neil"_s}));
         QCOMPARE(h->sortIndicatorOrder(), Qt::DescendingOrder);
     }
 
     void columnDialogRoundTrip() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         addMembers();
-        const QString name = QStringLiteral("frm'Test.lvwThis");
-        QList<ListColumnDef> start{
-            col(QStringLiteral("MemberCode"), QStringLiteral("编号")),
-            col(QStringLiteral("MemberName"), QStringLiteral("姓名"), 1500),
-            col(QStringLiteral("State"), QStringLiteral("状态"), 900, true, QStringLiteral("1,0可用|1停用")),
-            col(QStringLiteral("chongzhi"), QStringLiteral("余额"), 1200, false)};
-        start[3].displayCase = QStringLiteral("x'");
+        const QString name = u"frm'Test.lvwThis"_s;
+        QList<ListColumnDef> start{col(u"MemberCode"_s, u"编号"_s), col(u"MemberName"_s, u"姓名"_s, 1500),
+                                   col(u"State"_s, u"状态"_s, 900, true, u"1,0可用|1停用"_s),
+                                   col(u"chongzhi"_s, u"余额"_s, 1200, false)};
+        start[3].displayCase = u"x'"_s;
         QVERIFY(!SaveListColumns(name, start));
 
         frmQNDisplayCase dlg;
-        QVERIFY(dlg.load(name + QLatin1Char(' ')));
+        QVERIFY(dlg.load(name + u' '));
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        look(dlg, QStringLiteral("frmQNDisplayCase"));
+        look(dlg, u"frmQNDisplayCase"_s);
         auto* lvw = child<QTreeWidget>(dlg, "lvwThis");
         auto* width = child<QLineEdit>(dlg, "txtWidth");
         auto* rule = child<QLineEdit>(dlg, "txtShowValue");
@@ -401,8 +325,7 @@ class TestLists : public QObject {
         QCOMPARE(lvw->topLevelItem(3)->checkState(0), Qt::Unchecked);
 
         lvw->setCurrentItem(lvw->topLevelItem(2));
-        QCOMPARE(width->text(), QStringLiteral("900"));
-        QCOMPARE(rule->text(), QStringLiteral("1,0可用|1停用"));
+        QCOMPARE(width->text() + u'/' + rule->text(), u"900/1,0可用|1停用"_s);
         click("cmdUp");
         click("cmdUp");
         click("cmdUp");                            // already first
@@ -412,26 +335,25 @@ class TestLists : public QObject {
         lvw->setCurrentItem(lvw->topLevelItem(2)); // 余额
         click("cmdShow");
         width->selectAll();
-        QTest::keyClicks(width, QStringLiteral("0"));
+        QTest::keyClicks(width, u"0"_s);
         rule->clear();
-        rule->insert(QStringLiteral("3,￥0.00")); // typed as an input method would
-        lvw->topLevelItem(2)->setText(0, QStringLiteral("储值'余额"));
+        rule->insert(u"3,￥0.00"_s); // typed as an input method would
+        lvw->topLevelItem(2)->setText(0, u"储值'余额"_s);
         click("OKButton");
         QCOMPARE(messages(), QStringList());
-        QVERIFY(dlg.saved());
-        QCOMPARE(dlg.result(), int(QDialog::Accepted));
+        QVERIFY(dlg.saved() && dlg.result() == QDialog::Accepted);
 
-        const QList<ListColumnDef> saved = LoadListColumns(name);
-        QCOMPARE(saved.size(), 4);
-        const QStringList order = L({"State", "MemberCode", "chongzhi", "MemberName"});
-        for (int i = 0; i < 4; ++i) {
-            QCOMPARE(saved[i].colname, order[i]);
-            QCOMPARE(saved[i].colOrder, i + 1);
-        }
-        QVERIFY(!saved[3].isShow);
-        QCOMPARE(saved[2].colWidth, 0);
-        QCOMPARE(saved[2].showValue, QStringLiteral("3,￥0.00"));
-        QCOMPARE(saved[2].displayCase, QStringLiteral("x'"));
+        QStringList saved;
+        for (const ListColumnDef& c : LoadListColumns(name))
+            saved << QStringList{c.colname,
+                                 QString::number(c.colOrder),
+                                 QString::number(c.colWidth),
+                                 c.isShow ? u"Y"_s : u"N"_s,
+                                 c.showValue,
+                                 c.displayCase}
+                         .join(u' ');
+        QCOMPARE(saved, (QStringList{u"State 1 900 Y 1,0可用|1停用 "_s, u"MemberCode 2 1000 Y  "_s,
+                                     u"chongzhi 3 0 Y 3,￥0.00 x'"_s, u"MemberName 4 1500 N  "_s}));
 
         QTreeWidget list;
         ShowList(&list, name, members(), false);
@@ -447,14 +369,12 @@ class TestLists : public QObject {
         QTest::mouseClick(child<QPushButton>(again, "cmdDown"), Qt::LeftButton);
         QTest::mouseClick(child<QPushButton>(again, "CancelButton"), Qt::LeftButton);
         QVERIFY(!again.saved());
-        QCOMPARE(LoadListColumns(name).first().colname, QStringLiteral("State"));
+        QCOMPARE(LoadListColumns(name).first().colname, u"State"_s);
     }
 
     void columnDialogOpensModal() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        QVERIFY(!SaveListColumns(QStringLiteral("modal"), {col(QStringLiteral("a"), QStringLiteral("甲")),
-                                                           col(QStringLiteral("b"), QStringLiteral("乙"))}));
+        NEW_VENUE(v);
+        QVERIFY(!SaveListColumns(u"modal"_s, {col(u"a"_s, u"甲"_s), col(u"b"_s, u"乙"_s)}));
         QTimer::singleShot(0, this, [] {
             auto* dlg = qobject_cast<frmQNDisplayCase*>(QApplication::activeModalWidget());
             if (!dlg) return;
@@ -468,70 +388,60 @@ class TestLists : public QObject {
             if (QWidget* w = QApplication::activeModalWidget()) w->close();
         });
         guard.start(5000);
-        QVERIFY(frmQNDisplayCase::ShowSetup(QStringLiteral("modal")));
-        QCOMPARE(LoadListColumns(QStringLiteral("modal")).first().colname, QStringLiteral("b"));
+        QVERIFY(frmQNDisplayCase::ShowSetup(u"modal"_s));
+        QCOMPARE(LoadListColumns(u"modal"_s).first().colname, u"b"_s);
     }
 
     void savingFailsWhole() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        const QList<ListColumnDef> two{col(QStringLiteral("a"), QStringLiteral("甲")),
-                                       col(QStringLiteral("b"), QStringLiteral("乙"))};
-        QVERIFY(!SaveListColumns(QStringLiteral("l"), two));
+        NEW_VENUE(v);
+        const QList<ListColumnDef> two{col(u"a"_s, u"甲"_s), col(u"b"_s, u"乙"_s)};
+        QVERIFY(!SaveListColumns(u"l"_s, two));
         // A column twice breaks the unique index halfway: nothing changes.
-        const Refused r =
-            SaveListColumns(QStringLiteral("l"), {col(QStringLiteral("c"), QStringLiteral("丙")),
-                                                  col(QStringLiteral("c"), QStringLiteral("丙"))});
+        const Refused r = SaveListColumns(u"l"_s, {col(u"c"_s, u"丙"_s), col(u"c"_s, u"丙"_s)});
         QVERIFY(r);
-        QVERIFY(r->message.startsWith(QStringLiteral("Error ")));
-        QVERIFY(r->message.endsWith(QStringLiteral(" in procedure SaveData of Form frmMember")));
-        QCOMPARE(LoadListColumns(QStringLiteral("l")).size(), 2);
+        QVERIFY(r->message.startsWith(u"Error "_s));
+        QVERIFY(r->message.endsWith(u" in procedure SaveData of Form frmMember"_s));
+        QCOMPARE(LoadListColumns(u"l"_s).size(), 2);
         QVERIFY(!DB().inTransaction());
 
         // The dialog shows the failure and stays open.
         frmQNDisplayCase dlg;
-        QVERIFY(dlg.load(QStringLiteral("l")));
+        QVERIFY(dlg.load(u"l"_s));
         dlg.show();
-        DB().exec(QStringLiteral("drop table FD_FormControl"));
+        DB().exec(u"drop table FD_FormControl"_s);
         dlg.OKButton_Click();
         const QStringList shown = messages();
         QCOMPARE(shown.size(), 1);
-        QVERIFY(shown[0].endsWith(QStringLiteral(" in procedure SaveData of Form frmMember")));
+        QVERIFY(shown[0].endsWith(u" in procedure SaveData of Form frmMember"_s));
         QVERIFY(!dlg.saved());
         QVERIFY(dlg.isVisible());
     }
 
-    void exports_data() {
-        QTest::addColumn<bool>("excel");
-        QTest::addColumn<bool>("opened");
+    void exports_data() { // clang-format off
+        columns<bool, bool>("excel", "opened");
         QTest::newRow("text") << false << true;
         QTest::newRow("text, no editor") << false << false;
         QTest::newRow("excel") << true << true;
-        QTest::newRow("excel, no program") << true << false;
+        QTest::newRow("excel, no program") << true << false; // clang-format on
     }
     void exports() {
-        QFETCH(bool, excel);
-        QFETCH(bool, opened);
-        TestVenue v;
-        OPEN_VENUE(v);
+        auto [excel, opened] = fetch<bool, bool>("excel", "opened");
+        NEW_VENUE(v);
         addMembers();
-        DB().exec(QStringLiteral("update Member set MemberName=? where MemberCode='M01'"),
-                  {QStringLiteral("张\t三\n")});
-        QVERIFY(!SaveListColumns(
-            QStringLiteral("export"),
-            {col(QStringLiteral("MemberCode"), QStringLiteral("编号"), 0),
-             col(QStringLiteral("MemberName"), QStringLiteral("姓名"), 1500),
-             col(QStringLiteral("State"), QStringLiteral("状态"), 900, true, QStringLiteral("1,0可用|1停用")),
-             col(QStringLiteral("chongzhi"), QStringLiteral("余额"), 1200, true, QStringLiteral("3,0.00"))}));
+        DB().exec(u"update Member set MemberName=? where MemberCode='M01'"_s, {u"张\t三\n"_s});
+        QVERIFY(!SaveListColumns(u"export"_s,
+                                 {col(u"MemberCode"_s, u"编号"_s, 0), col(u"MemberName"_s, u"姓名"_s, 1500),
+                                  col(u"State"_s, u"状态"_s, 900, true, u"1,0可用|1停用"_s),
+                                  col(u"chongzhi"_s, u"余额"_s, 1200, true, u"3,0.00"_s)}));
         QTreeWidget list;
-        ShowList(&list, QStringLiteral("export"), members(), true);
+        ShowList(&list, u"export"_s, members(), true);
         list.setColumnHidden(2, true);
         QList<std::pair<Desktop::Program, QString>> started;
         Desktop::setLauncher([&](Desktop::Program p, const QString& f) {
             started.append({p, f});
             return opened;
         });
-        const QString old = QDir(ExportFolder()).filePath(QStringLiteral("Temp.txt"));
+        const QString old = QDir(ExportFolder()).filePath(u"Temp.txt"_s);
         QFile stale(old);
         QVERIFY(stale.open(QIODevice::WriteOnly));
         stale.write(QByteArray(500, 'x'));
@@ -539,93 +449,85 @@ class TestLists : public QObject {
 
         const QString path = excel ? ExportExcel(&list) : ExportText(&list);
         Desktop::setLauncher({});
-        QCOMPARE(QFileInfo(path).absolutePath(),
-                 QFileInfo(v.home() + QStringLiteral("/Export")).absoluteFilePath());
+        QCOMPARE(QFileInfo(path).absolutePath(), QFileInfo(v.home() + u"/Export"_s).absoluteFilePath());
         QCOMPARE(started.size(), 1);
         QCOMPARE(started[0].first, excel ? Desktop::Program::DefaultApp : Desktop::Program::TextEditor);
         QCOMPARE(started[0].second, path);
-        const QString program = excel ? QStringLiteral("没有找到可以打开Excel文件的程序！")
-                                      : QStringLiteral("没有找到可用的文本编辑器程序！");
+        const QString program =
+            excel ? u"没有找到可以打开Excel文件的程序！"_s : u"没有找到可用的文本编辑器程序！"_s;
         QCOMPARE(messages(), opened ? QStringList()
-                                    : QStringList{program + QStringLiteral("\n导出的文件已保存在：") +
+                                    : QStringList{program + u"\n导出的文件已保存在："_s +
                                                   QDir::toNativeSeparators(path)});
         QFile f(path);
         QVERIFY(f.open(QIODevice::ReadOnly));
         const QByteArray bytes = f.readAll();
         if (!excel) {
-            QCOMPARE(QFileInfo(path).fileName(), QStringLiteral("Temp.txt"));
+            QCOMPARE(QFileInfo(path).fileName(), u"Temp.txt"_s);
             QCOMPARE(QString::fromUtf8(bytes),
-                     QStringLiteral("编号\t姓名\t余额\nM01\t张 三 \t0.00\nM02\tO'Neil\t123.45\n"));
+                     u"编号\t姓名\t余额\nM01\t张 三 \t0.00\nM02\tO'Neil\t123.45\n"_s);
             return;
         }
-        QCOMPARE(QFileInfo(path).fileName(), QStringLiteral("Export_20261121_200000.xlsx"));
+        QCOMPARE(QFileInfo(path).fileName(), u"Export_20261121_200000.xlsx"_s);
         QVERIFY(bytes.startsWith("PK\x03\x04"));
         // A second export in the same second gets a name of its own.
         Desktop::setLauncher([](Desktop::Program, const QString&) { return true; });
-        QCOMPARE(QFileInfo(ExportExcel(&list)).fileName(), QStringLiteral("Export_20261121_200000_2.xlsx"));
+        QCOMPARE(QFileInfo(ExportExcel(&list)).fileName(), u"Export_20261121_200000_2.xlsx"_s);
         Desktop::setLauncher({});
-        if (QStandardPaths::findExecutable(QStringLiteral("unzip")).isEmpty()) return;
+        if (QStandardPaths::findExecutable(u"unzip"_s).isEmpty()) return;
         auto part = [&](const char* name) {
             QProcess unzip;
-            unzip.start(QStringLiteral("unzip"), {QStringLiteral("-p"), path, QLatin1String(name)});
+            unzip.start(u"unzip"_s, {u"-p"_s, path, QLatin1String(name)});
             unzip.waitForFinished();
             return QString::fromUtf8(unzip.readAllStandardOutput());
         };
         const QString sheet = part("xl/worksheets/sheet1.xml");
         const QString strings = part("xl/sharedStrings.xml");
-        QVERIFY2(sheet.contains(QStringLiteral("<col min=\"1\" max=\"1\" width=\"0\"")), qPrintable(sheet));
-        QVERIFY2(sheet.contains(QStringLiteral("<col min=\"2\" max=\"2\" width=\"15.7109375\"")),
-                 qPrintable(sheet));
-        QVERIFY2(sheet.contains(QStringLiteral("<c r=\"C3\"><v>123.45</v></c>")), qPrintable(sheet));
-        QVERIFY(sheet.contains(QStringLiteral("<c r=\"A1\" s=\"1\" t=\"s\">")));
-        QVERIFY(part("xl/styles.xml").contains(QStringLiteral("<b/>")));
+        QVERIFY2(sheet.contains(u"<col min=\"1\" max=\"1\" width=\"0\""_s), qPrintable(sheet));
+        QVERIFY2(sheet.contains(u"<col min=\"2\" max=\"2\" width=\"15.7109375\""_s), qPrintable(sheet));
+        QVERIFY2(sheet.contains(u"<c r=\"C3\"><v>123.45</v></c>"_s), qPrintable(sheet));
+        QVERIFY(sheet.contains(u"<c r=\"A1\" s=\"1\" t=\"s\">"_s));
+        QVERIFY(part("xl/styles.xml").contains(u"<b/>"_s));
         for (const char* s : {"编号", "姓名", "余额", "O'Neil", "张\t三"})
             QVERIFY2(strings.contains(QString::fromUtf8(s)), qPrintable(strings));
-        QVERIFY(!strings.contains(QStringLiteral("状态")));
-        QVERIFY(!strings.contains(QStringLiteral("停用")));
+        QVERIFY(!strings.contains(u"状态"_s));
+        QVERIFY(!strings.contains(u"停用"_s));
     }
 
     void autoInput() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        const QString type = QStringLiteral("DetailDescription");
-        for (const QString& value :
-             {QStringLiteral("少冰"), QStringLiteral("it's hot"), QStringLiteral("少冰"),
-              QStringLiteral("  "), QStringLiteral("it's hot")})
+        NEW_VENUE(v);
+        const QString type = u"DetailDescription"_s;
+        for (const QString& value : {u"少冰"_s, u"it's hot"_s, u"少冰"_s, u"  "_s, u"it's hot"_s})
             SaveAutoInput(type, value);
-        SaveAutoInput(QStringLiteral("other"), QStringLiteral("少冰"));
-        QCOMPARE(count(QStringLiteral("select count(*) from sys_AutoInput")), 3);
+        SaveAutoInput(u"other"_s, u"少冰"_s);
+        QCOMPARE(count(u"select count(*) from sys_AutoInput"_s), 3);
         QComboBox combo;
         combo.setEditable(true);
-        combo.addItem(QStringLiteral("old"));
-        combo.setEditText(QStringLiteral("typing"));
+        combo.addItem(u"old"_s);
+        combo.setEditText(u"typing"_s);
         LoadAutoInput(type, &combo);
         QCOMPARE(combo.count(), 2);
-        QCOMPARE(combo.itemText(0), QStringLiteral("it's hot"));
-        QCOMPARE(combo.itemText(1), QStringLiteral("少冰"));
-        QCOMPARE(combo.currentText(), QStringLiteral("typing"));
+        QCOMPARE(combo.itemText(0), u"it's hot"_s);
+        QCOMPARE(combo.itemText(1), u"少冰"_s);
+        QCOMPARE(combo.currentText(), u"typing"_s);
 
-        QVERIFY(DeleteAutoInput(type, QStringLiteral("it's hot")));
+        QVERIFY(DeleteAutoInput(type, u"it's hot"_s));
         LoadAutoInput(type, &combo);
         QCOMPARE(combo.count(), 1);
-        QCOMPARE(count(QStringLiteral("select count(*) from sys_AutoInput where thisValue='少冰'")), 2);
+        QCOMPARE(count(u"select count(*) from sys_AutoInput where thisValue='少冰'"_s), 2);
         QCOMPARE(messages(), QStringList());
-        DB().exec(QStringLiteral("drop table sys_AutoInput"));
-        QVERIFY(!DeleteAutoInput(type, QStringLiteral("少冰")));
-        QCOMPARE(messages(), QStringList{QStringLiteral("删除失败，请稍候再试！")});
+        DB().exec(u"drop table sys_AutoInput"_s);
+        QVERIFY(!DeleteAutoInput(type, u"少冰"_s));
+        QCOMPARE(messages(), QStringList{u"删除失败，请稍候再试！"_s});
     }
 
-    void seededList_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("query");
+    void seededList_data() { // clang-format off
+        columns<QString, QString>("name", "query");
         for (const auto& [name, query] : seededLists())
-            QTest::newRow(name) << QString::fromUtf8(name) << QString::fromUtf8(query);
+            QTest::newRow(name) << QString::fromUtf8(name) << QString::fromUtf8(query); // clang-format on
     }
     void seededList() {
-        QFETCH(QString, name);
-        QFETCH(QString, query);
-        TestVenue v;
-        OPEN_VENUE(v);
+        auto [name, query] = fetch<QString, QString>("name", "query");
+        NEW_VENUE(v);
         const Rows rows = DB().query(query);
         QStringList fields = rows.columns();
         fields.removeDuplicates();
@@ -635,8 +537,7 @@ class TestLists : public QObject {
             names << c.colname.toLower();
             QVERIFY2(!c.coltitle.trimmed().isEmpty(), qPrintable(c.colname));
             QVERIFY2(c.coltitle.compare(c.colname, Qt::CaseInsensitive) != 0, qPrintable(c.colname));
-            QVERIFY2(c.showValue.isEmpty() || QStringLiteral("123").contains(c.showValue.left(1)),
-                     qPrintable(c.colname));
+            QVERIFY2(c.showValue.isEmpty() || u"123"_s.contains(c.showValue.left(1)), qPrintable(c.colname));
             if (c.isShow) shownTitles << c.coltitle;
         }
         // Every field of the query has its column, and no column names a field it lacks.
@@ -650,11 +551,10 @@ class TestLists : public QObject {
     }
 
     void everySeededListIsChecked() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         QStringList stored;
-        for (const Row r : DB().query(QStringLiteral("select distinct FormControlName from FD_FormControl")))
-            stored << r.text(QStringLiteral("FormControlName"));
+        for (const Row r : DB().query(u"select distinct FormControlName from FD_FormControl"_s))
+            stored << r.text(u"FormControlName"_s);
         QStringList checked;
         for (const auto& l : seededLists())
             checked << QString::fromUtf8(l.first);
@@ -664,15 +564,14 @@ class TestLists : public QObject {
     }
 
     void upgradeKeepsWhatTheVenueHas() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         // A database of version 1, beside the test's own.
         DbConfig config = v.config();
         if (TestVenue::isPg()) {
-            config.schema += QStringLiteral("v1");
-            DB().exec(QStringLiteral("DROP SCHEMA IF EXISTS ") + config.schema + QStringLiteral(" CASCADE"));
+            config.schema += u"v1"_s;
+            DB().exec(u"DROP SCHEMA IF EXISTS "_s + config.schema + u" CASCADE"_s);
         } else {
-            config.file = QDir(v.home()).filePath(QStringLiteral("v1.db"));
+            config.file = QDir(v.home()).filePath(u"v1.db"_s);
         }
         Db old;
         old.open(config);
@@ -682,55 +581,47 @@ class TestLists : public QObject {
                 QVERIFY(f.open(QIODevice::ReadOnly));
                 old.execScript(old.dialect().expand(QString::fromUtf8(f.readAll())));
             }
-            old.exec(QStringLiteral("delete from pSetup where setupname='dbver'"));
-            old.exec(QStringLiteral("insert into pSetup (setupname, setupvalue) values ('dbver', '1')"));
+            old.exec(u"delete from pSetup where setupname='dbver'"_s);
+            old.exec(u"insert into pSetup (setupname, setupvalue) values ('dbver', '1')"_s);
             // A column of the venue's own making and a remembered input twice.
-            old.exec(
-                QStringLiteral("insert into FD_FormControl (FormControlName, colname, coltitle, ColOrder) "
-                               "values ('lvwPayAfter', 'oughtMoney', '欠款', 1)"));
-            old.exec(QStringLiteral(
-                "insert into sys_AutoInput values ('1', 't', 'v'), ('2', 't', 'v'), ('3', 't', 'w')"));
+            old.exec(u"insert into FD_FormControl (FormControlName, colname, coltitle, ColOrder) "
+                     "values ('lvwPayAfter', 'oughtMoney', '欠款', 1)"_s);
+            old.exec(u"insert into sys_AutoInput values ('1', 't', 'v'), ('2', 't', 'v'), ('3', 't', 'w')"_s);
         });
         QCOMPARE(Schema::migrate(old), Schema::latestVersion() - 1);
         QCOMPARE(Schema::currentVersion(old), Schema::latestVersion());
-        QCOMPARE(
-            old.scalar(QStringLiteral("select count(distinct FormControlName) from FD_FormControl")).toInt(),
-            int(seededLists().size()));
-        QCOMPARE(old.scalar(QStringLiteral(
-                                "select coltitle from FD_FormControl where FormControlName='lvwPayAfter' "
-                                "and colname='oughtMoney'"))
+        QCOMPARE(old.scalar(u"select count(distinct FormControlName) from FD_FormControl"_s).toInt(),
+                 int(seededLists().size()));
+        QCOMPARE(old.scalar(u"select coltitle from FD_FormControl where FormControlName='lvwPayAfter' "
+                            "and colname='oughtMoney'"_s)
                      .toString(),
-                 QStringLiteral("欠款"));
-        QCOMPARE(old.scalar(QStringLiteral("select count(*) from sys_AutoInput")).toInt(), 2);
+                 u"欠款"_s);
+        QCOMPARE(old.scalar(u"select count(*) from sys_AutoInput"_s).toInt(), 2);
         old.close();
-        if (TestVenue::isPg())
-            DB().exec(QStringLiteral("DROP SCHEMA IF EXISTS ") + config.schema + QStringLiteral(" CASCADE"));
+        if (TestVenue::isPg()) DB().exec(u"DROP SCHEMA IF EXISTS "_s + config.schema + u" CASCADE"_s);
     }
 
     void payAfterListAsTheWindowUsesIt() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        DB().exec(QStringLiteral(
-            "insert into Expense (ExpenseID, State, VoucherState, jzr, oughtMoney, CloseTime) values "
-            "('e2', 0, 2, '李四', 2500000, '2026-11-20 23:10'), "
-            "('e1', 0, 2, 'O''Neil', 885000, '2026-11-19 22:00'), "
-            "('e3', 0, 0, '王五', 10000, '2026-11-19 22:00')"));
+        NEW_VENUE(v);
+        DB().exec(u"insert into Expense (ExpenseID, State, VoucherState, jzr, oughtMoney, CloseTime) values "
+                  "('e2', 0, 2, '李四', 2500000, '2026-11-20 23:10'), "
+                  "('e1', 0, 2, 'O''Neil', 885000, '2026-11-19 22:00'), "
+                  "('e3', 0, 0, '王五', 10000, '2026-11-19 22:00')"_s);
         QTreeWidget list;
-        ShowList(&list, QStringLiteral("lvwPayAfter"),
-                 DB().query(QStringLiteral(
-                     "SELECT Expense.* from Expense Where VoucherState=2 Order by Expense.OpenTime")),
-                 true);
+        ShowList(
+            &list, u"lvwPayAfter"_s,
+            DB().query(u"SELECT Expense.* from Expense Where VoucherState=2 Order by Expense.OpenTime"_s),
+            true);
         list.resize(1100, 160);
-        look(list, QStringLiteral("lvwPayAfter"));
+        look(list, u"lvwPayAfter"_s);
         QCOMPARE(list.topLevelItemCount(), 2);
         QCOMPARE(list.header()->sectionSize(0), 0);
-        QCOMPARE(list.topLevelItem(0)->data(0, Qt::UserRole).toString(), QStringLiteral("ke1"));
+        QCOMPARE(list.topLevelItem(0)->data(0, Qt::UserRole).toString(), u"ke1"_s);
         // The owed amount stands at sub-item 1, as the window adds it up.
-        QCOMPARE(list.topLevelItem(0)->text(1), QStringLiteral("88.50"));
-        QCOMPARE(list.topLevelItem(1)->text(1), QStringLiteral("250.00"));
-        QCOMPARE(list.topLevelItem(0)->text(2), QStringLiteral("O'Neil"));
-        QCOMPARE(ListColumn(&list, QStringLiteral("OUGHTMONEY")), 1);
-        QCOMPARE(ListColumn(&list, QStringLiteral("TheID")), -1);
+        QCOMPARE(column(list, 1), L({"88.50", "250.00"}));
+        QCOMPARE(list.topLevelItem(0)->text(2), u"O'Neil"_s);
+        QCOMPARE(ListColumn(&list, u"OUGHTMONEY"_s), 1);
+        QCOMPARE(ListColumn(&list, u"TheID"_s), -1);
     }
 };
 
