@@ -60,25 +60,17 @@ void save(const QString& id, const WareLevelInput& in, Db& db) {
         "update WareLevel set WareLevelName=?, start1=?, start2=?, start3=?, start4=?, end1=?, end2=?, "
         "end3=?, "
         "end4=?, Discount1=?, Discount2=?, Discount3=?, Discount4=?, Description=? where WareLevelID=?");
-    for (int attempt = 1;; ++attempt) {
-        try {
-            db.write([&] {
-                if (db.exec(update, values) == 0) {
-                    db.exec(
-                        QStringLiteral(
-                            "insert into WareLevel (WareLevelName, start1, start2, start3, start4, "
-                            "end1, end2, end3, end4, Discount1, Discount2, Discount3, Discount4, "
-                            "Description, WareLevelID) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-                        values);
-                }
-                WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("营业设置"),
-                         QStringLiteral("商品折扣时段设置"), 2, true, logText(in), db);
-            });
-            return;
-        } catch (const DbError& e) {
-            // Made on another workstation meanwhile: the second round updates it.
-            if (attempt >= 2 || !db.dialect().isUniqueViolation(e)) throw;
+    // Made on another workstation meanwhile: the write runs again and then updates it.
+    db.write([&] {
+        if (db.exec(update, values) == 0) {
+            db.exec(QStringLiteral(
+                        "insert into WareLevel (WareLevelName, start1, start2, start3, start4, "
+                        "end1, end2, end3, end4, Discount1, Discount2, Discount3, Discount4, "
+                        "Description, WareLevelID) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                    values);
         }
-    }
+        WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("营业设置"),
+                 QStringLiteral("商品折扣时段设置"), 2, true, logText(in), db);
+    });
 }
 } // namespace WareLevelService

@@ -60,20 +60,20 @@ Saved RoomService::saveRoomType(const RoomTypeInput& in) {
         return {{}, Refusal(QStringLiteral("请输入分类名称！"), fAssortName)};
     if (in.payLevelID.isEmpty()) return {{}, Refusal(QStringLiteral("请选择包厢所属分类！"), fAssort)};
     try {
-        Transaction t(m_db);
-        QString id = in.assortID;
-        if (id.isEmpty()) {
-            id = FreshKey(QStringLiteral("TheAssort"), QStringLiteral("AssortID"), m_db);
-            m_db.exec(
-                QStringLiteral("insert into TheAssort (AssortID, AssortName, PayLevelID) values (?, ?, ?)"),
-                {id, in.assortName, keyOrNull(in.payLevelID)});
-        } else if (m_db.exec(
-                       QStringLiteral("update TheAssort set AssortName=?, PayLevelID=? where AssortID=?"),
-                       {in.assortName, keyOrNull(in.payLevelID), id}) == 0) {
-            return {{}, Refusal::warning(RoomText::typeGone())};
-        }
-        t.commit();
-        return {id, {}};
+        return m_db.write([&]() -> Saved {
+            QString id = in.assortID;
+            if (id.isEmpty()) {
+                id = FreshKey(QStringLiteral("TheAssort"), QStringLiteral("AssortID"), m_db);
+                m_db.exec(QStringLiteral(
+                              "insert into TheAssort (AssortID, AssortName, PayLevelID) values (?, ?, ?)"),
+                          {id, in.assortName, keyOrNull(in.payLevelID)});
+            } else if (m_db.exec(
+                           QStringLiteral("update TheAssort set AssortName=?, PayLevelID=? where AssortID=?"),
+                           {in.assortName, keyOrNull(in.payLevelID), id}) == 0) {
+                return m_db.discard(Saved{{}, Refusal::warning(RoomText::typeGone())});
+            }
+            return Saved{id, {}};
+        });
     } catch (const DbError& e) {
         return {{}, Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouseAssort")))};
     }
@@ -81,13 +81,13 @@ Saved RoomService::saveRoomType(const RoomTypeInput& in) {
 
 Refused RoomService::deleteRoomType(const QString& assortID) {
     try {
-        Transaction t(m_db);
-        if (m_db.scalar(QStringLiteral("select count(*) from The where AssortID=?"), {assortID})
-                .toLongLong() > 0)
-            return Refusal::warning(RoomText::inUse());
-        m_db.exec(QStringLiteral("delete from TheAssort where AssortID=?"), {assortID});
-        t.commit();
-        return std::nullopt;
+        return m_db.write([&]() -> Refused {
+            if (m_db.scalar(QStringLiteral("select count(*) from The where AssortID=?"), {assortID})
+                    .toLongLong() > 0)
+                return m_db.discard(Refused(Refusal::warning(RoomText::inUse())));
+            m_db.exec(QStringLiteral("delete from TheAssort where AssortID=?"), {assortID});
+            return Refused();
+        });
     } catch (const DbError&) {
         // A room given the type meanwhile: the foreign key refuses.
         return Refusal::warning(RoomText::inUse());
@@ -108,12 +108,10 @@ Saved RoomService::saveRoom(const RoomInput& in) {
     const QString code = in.theCode.trimmed();
     if (code.isEmpty()) return {{}, Refusal(QStringLiteral("请输入手牌编号！"), fHouseCode)};
     if (in.assortID.isEmpty()) return {{}, Refusal(QStringLiteral("请选择包厢的类型！"), fAssort)};
-    // A key made on another workstation in the same second can collide once or twice.
-    for (int attempt = 1;; ++attempt) {
-        try {
-            Transaction t(m_db);
+    try {
+        return m_db.write([&]() -> Saved {
             if (codeTaken(code, in.theID))
-                return {{}, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
+                return m_db.discard(Saved{{}, Refusal::warning(RoomText::duplicateCode(), fHouseCode)});
             QString id = in.theID;
             if (id.isEmpty()) {
                 id = FreshKey(QStringLiteral("The"), QStringLiteral("TheID"), m_db);
@@ -123,28 +121,17 @@ Saved RoomService::saveRoom(const RoomInput& in) {
             } else if (m_db.exec(
                            QStringLiteral("update The set TheCode=?, AssortID=?, theDesc=? where TheID=?"),
                            {code, keyOrNull(in.assortID), in.theDesc, id}) == 0) {
-                return {{}, Refusal::warning(RoomText::roomGone())};
+                return m_db.discard(Saved{{}, Refusal::warning(RoomText::roomGone())});
             }
             WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("营业设置"), QStringLiteral("设置包厢"),
                      2, true, QStringLiteral("编辑包厢数据，包厢号：") + code, m_db);
-            t.commit();
-            return {id, {}};
-        } catch (const DbError& e) {
-            if (!m_db.dialect().isUniqueViolation(e))
-                return {{},
-                        Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouse")))};
-            // The same code saved on another workstation meanwhile, or a key collision.
-            if (attempt >= 3 || !in.theID.isEmpty())
-                return {{}, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
-            try {
-                if (codeTaken(code, in.theID))
-                    return {{}, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
-            } catch (const DbError& again) {
-                return {
-                    {},
-                    Refusal::error(again.message(QStringLiteral("SaveData"), QStringLiteral("frmHouse")))};
-            }
-        }
+            return Saved{id, {}};
+        });
+    } catch (const DbError& e) {
+        // The same code saved on another workstation meanwhile (a key collision is retried).
+        if (m_db.dialect().isUniqueViolation(e))
+            return {{}, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
+        return {{}, Refusal::error(e.message(QStringLiteral("SaveData"), QStringLiteral("frmHouse")))};
     }
 }
 
@@ -161,17 +148,19 @@ BatchAdded RoomService::addRooms(const RoomBatchInput& in) {
 
     const qint64 count = qint64(std::floor(end - start)) + 1;
     try {
-        Transaction t(m_db);
-        for (qint64 i = 0; i < count; ++i) {
-            const QString code = BatchCode(in.markerText, start + double(i));
-            if (codeTaken(code)) return {0, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
-            m_db.exec(
-                QStringLiteral("insert into The (TheID, TheCode, AssortID, theDesc) values (?, ?, ?, ?)"),
-                {FreshKey(QStringLiteral("The"), QStringLiteral("TheID"), m_db), code, keyOrNull(in.assortID),
-                 in.theDesc});
-        }
-        t.commit();
-        return {int(count), std::nullopt};
+        return m_db.write([&]() -> BatchAdded {
+            for (qint64 i = 0; i < count; ++i) {
+                const QString code = BatchCode(in.markerText, start + double(i));
+                if (codeTaken(code))
+                    return m_db.discard(
+                        BatchAdded{0, Refusal::warning(RoomText::duplicateCode(), fHouseCode)});
+                m_db.exec(
+                    QStringLiteral("insert into The (TheID, TheCode, AssortID, theDesc) values (?, ?, ?, ?)"),
+                    {FreshKey(QStringLiteral("The"), QStringLiteral("TheID"), m_db), code,
+                     keyOrNull(in.assortID), in.theDesc});
+            }
+            return BatchAdded{int(count), std::nullopt};
+        });
     } catch (const DbError& e) {
         if (m_db.dialect().isUniqueViolation(e))
             return {0, Refusal::warning(RoomText::duplicateCode(), fHouseCode)};
@@ -181,16 +170,16 @@ BatchAdded RoomService::addRooms(const RoomBatchInput& in) {
 
 Refused RoomService::deleteRoom(const QString& theID) {
     try {
-        Transaction t(m_db);
-        if (m_db.scalar(QStringLiteral("select count(*) from Expense where TheID=?"), {theID}).toLongLong() >
-            0)
-            return Refusal::warning(RoomText::inUse());
-        // Conditional, so a room opened meanwhile on another workstation stays.
-        if (m_db.exec(QStringLiteral("delete from The where TheID=? and State<>1"), {theID}) == 0 &&
-            !fThe(m_db).GetByID(theID).isEmpty())
-            return Refusal::warning(RoomText::inUse());
-        t.commit();
-        return std::nullopt;
+        return m_db.write([&]() -> Refused {
+            if (m_db.scalar(QStringLiteral("select count(*) from Expense where TheID=?"), {theID})
+                    .toLongLong() > 0)
+                return m_db.discard(Refused(Refusal::warning(RoomText::inUse())));
+            // Conditional, so a room opened meanwhile on another workstation stays.
+            if (m_db.exec(QStringLiteral("delete from The where TheID=? and State<>1"), {theID}) == 0 &&
+                !fThe(m_db).GetByID(theID).isEmpty())
+                return m_db.discard(Refused(Refusal::warning(RoomText::inUse())));
+            return Refused();
+        });
     } catch (const DbError&) {
         return Refusal::warning(RoomText::inUse());
     }
@@ -205,21 +194,21 @@ Refused RoomService::missingOrChanged(const QString& theID) const {
 
 Refused RoomService::HouseStop(const QString& theID) {
     try {
-        Transaction t(m_db);
-        const Rows r = fThe(m_db).GetByID(theID);
-        if (r.isEmpty()) return Refusal::warning(RoomText::roomGone());
-        const qint64 state = r.first().integer(QStringLiteral("State"));
-        const QString other1 = r.first().text(QStringLiteral("Other1"));
-        // Free is what the board shows as free: a lock that has run out included.
-        if (RoomStatus(state, other1, Now()).key != QLatin1String("Common"))
-            return Refusal::warning(RoomText::stateChanged());
-        // Only if nobody changed the row since it was read.
-        if (m_db.exec(
-                QStringLiteral("update The set State=2 where TheID=? and State=? and coalesce(Other1,'')=?"),
-                {theID, state, other1}) == 0)
-            return missingOrChanged(theID);
-        t.commit();
-        return std::nullopt;
+        return m_db.write([&]() -> Refused {
+            const Rows r = fThe(m_db).GetByID(theID);
+            if (r.isEmpty()) return m_db.discard(Refused(Refusal::warning(RoomText::roomGone())));
+            const qint64 state = r.first().integer(QStringLiteral("State"));
+            const QString other1 = r.first().text(QStringLiteral("Other1"));
+            // Free is what the board shows as free: a lock that has run out included.
+            if (RoomStatus(state, other1, Now()).key != QLatin1String("Common"))
+                return m_db.discard(Refused(Refusal::warning(RoomText::stateChanged())));
+            // Only if nobody changed the row since it was read.
+            if (m_db.exec(QStringLiteral(
+                              "update The set State=2 where TheID=? and State=? and coalesce(Other1,'')=?"),
+                          {theID, state, other1}) == 0)
+                return m_db.discard(missingOrChanged(theID));
+            return Refused();
+        });
     } catch (const DbError& e) {
         return Refusal::error(e.message(QStringLiteral("HouseStop"), QStringLiteral("frmMain")));
     }
@@ -227,12 +216,13 @@ Refused RoomService::HouseStop(const QString& theID) {
 
 Refused RoomService::HouseResume(const QString& theID) {
     try {
-        Transaction t(m_db);
-        if (m_db.exec(QStringLiteral("update The set State=0, Other1='' where TheID=? and State in (2, 4)"),
-                      {theID}) == 0)
-            return missingOrChanged(theID);
-        t.commit();
-        return std::nullopt;
+        return m_db.write([&]() -> Refused {
+            if (m_db.exec(
+                    QStringLiteral("update The set State=0, Other1='' where TheID=? and State in (2, 4)"),
+                    {theID}) == 0)
+                return m_db.discard(missingOrChanged(theID));
+            return Refused();
+        });
     } catch (const DbError& e) {
         return Refusal::error(e.message(QStringLiteral("HouseResume"), QStringLiteral("frmMain")));
     }

@@ -52,29 +52,31 @@ EmployeeSaved EmployeeService::save(const QString& id, const EmployeeInput& in, 
         picture = f.readAll();
     }
     try {
-        Transaction t(m_db);
-        QString key = id;
-        if (key.isEmpty()) {
-            key = FreshKey(QStringLiteral("Employee"), QStringLiteral("EmployeeID"), m_db);
-            m_db.exec(QStringLiteral("insert into Employee (EmployeeID) values (?)"), {key});
-        }
-        const int n = m_db.exec(
-            QStringLiteral(
-                "update Employee set Employeecode=?, EmployeeName=?, Sex=?, EmployeeBorn=?, EmployeePhone=?, "
-                "EmployeeDesc=?, IDCard=?, EmployeeAddress=?, email=?, Fax=?, Postcode=?, movephone=?, "
-                "State=? where EmployeeID=?"),
-            {in.code, in.name, in.male ? QStringLiteral("男") : QStringLiteral("女"),
-             in.born.isValid() ? in.born.toString(QStringLiteral("yyyy-MM-dd")) : QString(), in.phone,
-             in.description, in.idCard, in.address, in.email, in.fax, in.postCode, in.movePhone, in.state,
-             key});
-        // Edited meanwhile out of existence: nothing to write.
-        if (n == 0) return {};
-        if (photo.kind == PhotoChange::Clear)
-            m_db.exec(QStringLiteral("update Employee set ThisPhoto=null where EmployeeID=?"), {key});
-        else if (photo.kind == PhotoChange::File)
-            m_db.exec(QStringLiteral("update Employee set ThisPhoto=? where EmployeeID=?"), {picture, key});
-        t.commit();
-        return {key, std::nullopt};
+        return m_db.write([&]() -> EmployeeSaved {
+            QString key = id;
+            if (key.isEmpty()) {
+                key = FreshKey(QStringLiteral("Employee"), QStringLiteral("EmployeeID"), m_db);
+                m_db.exec(QStringLiteral("insert into Employee (EmployeeID) values (?)"), {key});
+            }
+            const int n = m_db.exec(
+                QStringLiteral(
+                    "update Employee set Employeecode=?, EmployeeName=?, Sex=?, EmployeeBorn=?, "
+                    "EmployeePhone=?, "
+                    "EmployeeDesc=?, IDCard=?, EmployeeAddress=?, email=?, Fax=?, Postcode=?, movephone=?, "
+                    "State=? where EmployeeID=?"),
+                {in.code, in.name, in.male ? QStringLiteral("男") : QStringLiteral("女"),
+                 in.born.isValid() ? in.born.toString(QStringLiteral("yyyy-MM-dd")) : QString(), in.phone,
+                 in.description, in.idCard, in.address, in.email, in.fax, in.postCode, in.movePhone, in.state,
+                 key});
+            // Edited meanwhile out of existence: nothing to write.
+            if (n == 0) return m_db.discard(EmployeeSaved{});
+            if (photo.kind == PhotoChange::Clear)
+                m_db.exec(QStringLiteral("update Employee set ThisPhoto=null where EmployeeID=?"), {key});
+            else if (photo.kind == PhotoChange::File)
+                m_db.exec(QStringLiteral("update Employee set ThisPhoto=? where EmployeeID=?"),
+                          {picture, key});
+            return EmployeeSaved{key, std::nullopt};
+        });
     } catch (const DbError& e) {
         return {{},
                 Refusal{e.message(QStringLiteral("SaveData"), QStringLiteral("frmEmployee")),
@@ -98,15 +100,15 @@ CommissionRun EmployeeService::recalcCommissions() {
         // One statement over all lines: the rate of goods deleted since counts as 0. The
         // per-unit rate is whole money, the quantity a number, rounded once per line as the
         // order window does (ties to even).
-        Transaction t(m_db);
-        const Rows lines = m_db.query(
-            QStringLiteral("select d.DetailID, d.num, coalesce(w.tiCheng, 0) as rate from ExpenseDetail d "
-                           "left join Ware w on w.WareID=d.WareID where d.Other1 is not null"));
-        for (const Row r : lines)
-            m_db.exec(QStringLiteral("update ExpenseDetail set TiChengMoney=? where DetailID=?"),
-                      {r.money(QStringLiteral("rate")).times(r.num(QStringLiteral("num"))),
-                       r.text(QStringLiteral("DetailID"))});
-        t.commit();
+        m_db.write([&] {
+            const Rows lines = m_db.query(QStringLiteral(
+                "select d.DetailID, d.num, coalesce(w.tiCheng, 0) as rate from ExpenseDetail d "
+                "left join Ware w on w.WareID=d.WareID where d.Other1 is not null"));
+            for (const Row r : lines)
+                m_db.exec(QStringLiteral("update ExpenseDetail set TiChengMoney=? where DetailID=?"),
+                          {r.money(QStringLiteral("rate")).times(r.num(QStringLiteral("num"))),
+                           r.text(QStringLiteral("DetailID"))});
+        });
         return CommissionRun::Done;
     } catch (const DbError&) {
         return CommissionRun::Failed;
