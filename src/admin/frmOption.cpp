@@ -213,7 +213,9 @@ void frmOption::cmdAllowLow2High_Click() {
 }
 
 void frmOption::cmdSaveCZ_Click() {
-    BusinessRules::saveCheckout(ui->cmbCloseHouseCur->currentIndex(), ui->txtLockTime->text());
+    if (const Refused r =
+            BusinessRules::saveCheckout(ui->cmbCloseHouseCur->currentIndex(), ui->txtLockTime->text()))
+        ShowRefusal(this, *r);
 }
 
 void frmOption::cmdHouseAssortAdd_Click() {

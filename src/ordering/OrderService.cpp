@@ -8,6 +8,7 @@
 #include "Settings.h"
 #include "Val.h"
 #include "fExpense.h"
+#include <cmath>
 
 namespace {
 Refusal failed(const DbError& e, const char* procedure) {
@@ -30,6 +31,8 @@ Refused canDelete(Db& db, const QString& expenseID) {
 Refused OrderService::CheckForm(const QString& num) {
     const QString field = QStringLiteral("txtNum");
     if (num.trimmed().isEmpty()) return Refusal{QStringLiteral("请输入消费数量！"), field};
+    if (!ValFits(num, Range::Quantity))
+        return Refusal{QStringLiteral("您输入") + num + QStringLiteral("数量有误，请重新输入！"), field};
     if (Val(num) == 0) return Refusal{QStringLiteral("消费数量不能输入0，请重新输入！"), field};
     return std::nullopt;
 }
@@ -56,6 +59,12 @@ Refused OrderService::holdOpenBill(const QString& expenseID) {
 
 LineSaved OrderService::SaveLine(const OrderLineInput& in) {
     if (Refused r = CheckForm(in.num)) return {std::nullopt, r};
+    // The line's amount and commission must stay money a bill can hold.
+    for (const QString& each : {in.price, in.tiCheng})
+        if (std::fabs(Val(each) * Val(in.num)) > Range::Money.highest)
+            return {std::nullopt,
+                    Refusal{QStringLiteral("您输入") + in.num + QStringLiteral("数量有误，请重新输入！"),
+                            QStringLiteral("txtNum")}};
     OrderedLine l;
     l.expenseID = in.expenseID;
     l.wareID = in.wareID;

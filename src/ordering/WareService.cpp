@@ -10,7 +10,7 @@ namespace {
 constexpr double MaxMoney = 1e12;
 
 bool fitsMoney(const QString& text) {
-    return std::fabs(Val(text)) < MaxMoney;
+    return ValFits(text, Range::Money) && std::fabs(Val(text)) < MaxMoney;
 }
 
 QString number(double v) {
@@ -129,6 +129,8 @@ Refused WareService::validateWare(const WareInput& in) {
         return Refusal(QStringLiteral("品项成本超出范围！"), QStringLiteral("txtProcurePrice"));
     if (!fitsMoney(in.tiCheng))
         return Refusal(QStringLiteral("员工提成超出范围！"), QStringLiteral("txtTicheng"));
+    if (!ValFits(in.minNum, Range::Quantity))
+        return Refusal(QStringLiteral("最低库存超出范围！"), QStringLiteral("txtMinNum"));
     return std::nullopt;
 }
 

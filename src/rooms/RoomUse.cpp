@@ -27,9 +27,9 @@ std::optional<OpenHouseView> RoomUseService::loadOpen(const QString& theID) cons
 }
 
 Opened RoomUseService::open(const OpenHouseInput& in) {
-    if (!IsNumeric(in.customerNum))
+    if (!ReadNumber(in.customerNum, Range::Int32))
         return {{}, Refusal(QStringLiteral("请输入顾客人数！"), QStringLiteral("txtNum"))};
-    if (!IsNumeric(in.startMoney))
+    if (!ReadNumber(in.startMoney, Range::Money))
         return {{}, Refusal(QStringLiteral("请输入门票金额！"), QStringLiteral("txtStartMoney"))};
 
     // The stay starts on the whole minute.
