@@ -151,11 +151,11 @@ Refused OrderService::DeleteDetail(const QString& expenseID, const QString& deta
                                    "coalesce(isdel,0)<>1"),
                     {detailID, expenseID}) == 0)
                 return Refusal::warning(OrderText::lineGone());
-            // The quantity as stored, not as the list rounds it; gifts too.
+            // The quantity as the list shows it (1.5 shown as 2 gives back 2), gifts too.
             if (App().IsUseWareHouse == 1)
-                m_db.exec(
-                    QStringLiteral("update Ware set nownum=coalesce(nownum,0)+? where WareID=?"),
-                    {line.first().num(QStringLiteral("num")), line.first().text(QStringLiteral("WareID"))});
+                m_db.exec(QStringLiteral("update Ware set nownum=coalesce(nownum,0)+? where WareID=?"),
+                          {Val(FormatNumber(line.first().num(QStringLiteral("num")), QStringLiteral("0"))),
+                           line.first().text(QStringLiteral("WareID"))});
             t.commit();
             return std::nullopt;
         } catch (const DbError& e) {

@@ -40,7 +40,7 @@ Rows RoomService::roomTypes() const {
 }
 
 bool RoomService::codeTaken(const QString& code, const QString& exceptID) const {
-    return m_db.scalar(QStringLiteral("select count(*) from The where TheCode=? and TheID<>?"),
+    return m_db.scalar(QStringLiteral("select count(*) from The where lower(TheCode)=lower(?) and TheID<>?"),
                        {code, exceptID})
                .toLongLong() > 0;
 }

@@ -97,13 +97,14 @@ Refused RoomUseService::change(const HouseChangeInput& in) {
             return Refusal(RoomUseText::newRoomTaken(), field);
 
         Transaction t(m_db);
-        if (m_db.exec(QStringLiteral("update The set State=1, ExpenseID=? where TheCode=? and State=0"),
-                      {in.expenseID, code}) == 0)
+        if (m_db.exec(QStringLiteral("update The set State=1, ExpenseID=? where TheID=? and State=0"),
+                      {in.expenseID, target.first().text(QStringLiteral("TheID"))}) == 0)
             return Refusal(RoomUseText::newRoomTaken(), field);
         const Row to = fThe(m_db).GetLinkByHouseCode(code).first();
         // The old room is freed only while it still holds this bill; it gets no lock.
         m_db.exec(QStringLiteral(
-                      "update The set State=0, ExpenseID='' where TheCode=? and State=1 and ExpenseID=?"),
+                      "update The set State=0, ExpenseID='' where lower(TheCode)=lower(?) and State=1 and "
+                      "ExpenseID=?"),
                   {in.oldHouseCode, in.expenseID});
 
         const Rows bill = m_db.query(
@@ -119,7 +120,7 @@ Refused RoomUseService::change(const HouseChangeInput& in) {
         WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("日常营业"), QStringLiteral("更换包厢"), 2,
                  true,
                  QStringLiteral("消费单(") + in.expenseID + QStringLiteral(")由包厢") + in.oldHouseCode +
-                     QStringLiteral("换台为") + code,
+                     QStringLiteral("换台为") + to.text(QStringLiteral("TheCode")),
                  m_db);
         t.commit();
         return std::nullopt;
@@ -132,7 +133,7 @@ Refused RoomUseService::merge(const QString& fromCode, const QString& intoCode) 
     try {
         Transaction t(m_db);
         const QString runningRoom =
-            QStringLiteral("select TheID, ExpenseID from The where State=1 and TheCode=?");
+            QStringLiteral("select TheID, ExpenseID from The where State=1 and lower(TheCode)=lower(?)");
         const Rows from = m_db.query(runningRoom, {fromCode});
         if (from.isEmpty()) return mergeRefused(RoomUseText::mergeFromWrong(), QStringLiteral("txt1"));
         const QString source = from.first().text(QStringLiteral("ExpenseID"));

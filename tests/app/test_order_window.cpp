@@ -193,7 +193,7 @@ void TestOrderWindow::order_from_the_board() {
     QStringList stock;
     for (const Row r : DB().query(QStringLiteral("select nownum from Ware order by WareID")))
         stock << QString::number(r.num(QStringLiteral("nownum")));
-    QCOMPARE(stock.join(QLatin1Char(' ')), QStringLiteral("7 8 9"));
+    QCOMPARE(stock.join(QLatin1Char(' ')), QStringLiteral("7 8.5 9")); // the void gave back 2, as shown
 
     // The batch went to the printers once, as the window closed; the board shows its lines.
     const QString thisCode =

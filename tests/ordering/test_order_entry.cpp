@@ -188,8 +188,8 @@ class TestOrderEntry : public QObject {
         const QString printed = QStringLiteral("update Expense set Other2='1'");
         QTest::newRow("stock back") << true << "2" << false << "0"
                                     << "" << 8.0 << 10.0 << true;
-        QTest::newRow("stored 1.5 back") << true << "1.5" << false << "0"
-                                         << "" << 8.5 << 10.0 << true;
+        QTest::newRow("1.5 shown as 2 gives 2 back") << true << "1.5" << false << "0"
+                                                     << "" << 8.5 << 10.5 << true;
         QTest::newRow("return undone") << true << "-1" << false << "0"
                                        << "" << 11.0 << 10.0 << true;
         QTest::newRow("gift takes and gives") << true << "1" << true << "0"
