@@ -115,12 +115,17 @@ frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
     });
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
 
-    loadPayLevels();
-    loadHouseAssorts();
-    loadHouses();
-    loadWareTypes();
-    loadWares();
-    loadRules();
+    // A list that cannot be read stays empty; the window opens all the same.
+    try {
+        loadPayLevels();
+        loadHouseAssorts();
+        loadHouses();
+        loadWareTypes();
+        loadWares();
+        loadRules();
+    } catch (const DbError& e) {
+        Msg::critical(this, e.message(QStringLiteral("Form_Load"), QStringLiteral("frmOption")));
+    }
 }
 
 frmOption::~frmOption() = default;

@@ -74,4 +74,5 @@ private:
     QDockWidget* m_helpDock = nullptr;
     QPlainTextEdit* m_txtHelp = nullptr;
     bool m_exiting = false;
+    bool m_firstRunHelp = false; // the help is shown for the first run, not by choice
 };
