@@ -346,6 +346,8 @@ void TestPrinting::designs() {
     venue();
     setup("IsHC", QStringLiteral("1"));
     setup("IsBT", QStringLiteral("1"));
+    setup("PrinterHC", QStringLiteral("PDF:"));
+    setup("PrinterBT", QStringLiteral("PDF:"));
     SetIni(QStringLiteral("BTNum"), QStringLiteral("1"));
     std::optional<Receipt> r;
     if (fixture.startsWith(QLatin1String("DREndExpense"))) {
@@ -455,8 +457,8 @@ void TestPrinting::billChoice_data() {
     QTest::addColumn<int>("lines");
     // clang-format off
     QTest::newRow("room charged") << "r1" << 180.0 << "0" << false << "DREndExpense" << "180.00" << 3;
-    QTest::newRow("settled charge 0 keeps the line, empty")
-        << "r1" << 0.0 << "0" << false << "DREndExpense" << "" << 3;
+    QTest::newRow("settled charge 0 keeps the caption")
+        << "r1" << 0.0 << "0" << false << "DREndExpense" << "0.00" << 3;
     QTest::newRow("no room charge") << "r2" << 0.0 << "0" << false << "DREndExpenseNoHouse" << "" << 3;
     QTest::newRow("brief is any other value") << "r1" << 180.0 << "-1" << false << "DREndExpense_c" << "180.00" << 3;
     QTest::newRow("no category is detailed") << "r2" << 0.0 << "" << false << "DREndExpenseNoHouse" << "" << 3;
