@@ -293,7 +293,8 @@ void frmMain::refreshOperatorPanel() {
 }
 
 void frmMain::txtTime_LostFocus() {
-    const double v = Val(m_txtTime->text());
+    // A number no timer can hold counts as too short a time, like any other bad one.
+    const double v = ValFits(m_txtTime->text(), Range::Int32) ? Val(m_txtTime->text()) : -1;
     if (v == 0) {
         m_tmRefurbish->stop();
     } else if (v >= 3) {

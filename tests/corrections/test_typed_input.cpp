@@ -25,6 +25,7 @@
 #include "frmHouseAssort.h"
 #include "frmHouseChange.h"
 #include "frmLogin.h"
+#include "frmMain.h"
 #include "frmOpenHouse.h"
 #include "frmWare.h"
 #include "frmWareLevel.h"
@@ -32,6 +33,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 #include <cmath>
 #include <functional>
 #include <map>
@@ -119,6 +121,18 @@ Refused quickEntry(const QString& v) {
     return Refusal{q.message};
 }
 
+// The board's refresh seconds: a bad time is told and turns the refresh off.
+Refused refreshTime(const QString& v) {
+    frmMain w;
+    auto* box = child<QLineEdit>(w, "txtTime");
+    box->setText(v);
+    w.txtTime_LostFocus();
+    const QStringList said = messages();
+    if (said.isEmpty() || box->text() != QLatin1String("0") || w.refreshTimer()->isActive())
+        return std::nullopt;
+    return Refusal{said.first(), box->objectName()};
+}
+
 QList<Box> makeBoxes() {
     const auto opening = [](const OpenHouseInput& in) { return RoomUseService().open(in).refusal; };
     const OpenHouseInput open{
@@ -196,6 +210,7 @@ QList<Box> makeBoxes() {
         {"frmOption.txtAllDiscount", "txtAllDiscount", "折扣比率只能输入数字，请输入正确的折扣比率！",
          [](const QString& v) { return BusinessRules::applyDiscount({true, v, 0}); }},
         {"frmOption.txtLockTime", "txtLockTime", "锁定时间只能输入数字！", [](const QString& v) { return BusinessRules::saveCheckout(0, v); }},
+        {"frmMain.txtTime", "txtTime", "您设置的刷新时间小于3秒，系统将取消自动刷新功能！", refreshTime},
     };
     // clang-format on
 }
