@@ -307,6 +307,12 @@ void frmMain::txtTime_LostFocus() {
     }
 }
 
+void frmMain::SaveMemo() {
+    QString memo = ui->txtMemo->toPlainText();
+    memo.replace(QLatin1String("\r\n"), QLatin1String("|")).replace(QLatin1Char('\n'), QLatin1Char('|'));
+    SetIni(QStringLiteral("Remind"), memo);
+}
+
 void frmMain::SaveInfo() {
     QString step;
     try {
@@ -314,9 +320,7 @@ void frmMain::SaveInfo() {
         SetIni(QStringLiteral("IsOpenHelp"),
                action(QStringLiteral("mnuQNHelp"))->isChecked() && !m_firstRunHelp ? QStringLiteral("Y")
                                                                                    : QStringLiteral("N"));
-        QString memo = ui->txtMemo->toPlainText();
-        memo.replace(QLatin1String("\r\n"), QLatin1String("|")).replace(QLatin1Char('\n'), QLatin1Char('|'));
-        SetIni(QStringLiteral("Remind"), memo);
+        SaveMemo();
         TrimLog();
         SetSetup(QStringLiteral("RefurbishTime"), QString::number(Val(m_txtTime->text()), 'g', 15));
         SetIni(QStringLiteral("IsShowToolbar"), m_tbrMain->isVisible() ? QStringLiteral("Y") : QStringLiteral("N"));

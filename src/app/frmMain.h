@@ -31,6 +31,8 @@ public:
     QAction* action(const QString& name) const;
     void wire(const QString& name, std::function<void()> handler);
     void SaveInfo();
+    // The reminder memo to config.ini: at the exit, and when an error escaped everything.
+    void SaveMemo();
     void Relogin();
     // The refresh seconds typed in txtTime, applied on leaving the box.
     void txtTime_LostFocus();

@@ -2,6 +2,7 @@
 // on; sign-in and the first-run help do what one press and one first start ask.
 #include "AppState.h"
 #include "FormProbe.h"
+#include "GuardedApplication.h"
 #include "Ini.h"
 #include "MessageBox.h"
 #include "ModalDriver.h"
@@ -155,6 +156,25 @@ class TestKeepsRunning : public QObject {
         DB().exec(QStringLiteral("alter table pSetupGone rename to pSetup"));
     }
 
+    // An error no slot caught is shown, the memo is saved first, and the program goes on.
+    void lastResort() {
+        TestVenue v;
+        OPEN_VENUE(v);
+        auto* app = static_cast<GuardedApplication*>(QCoreApplication::instance());
+        int saved = 0;
+        app->setOnError([&saved] { ++saved; });
+        QTimer t;
+        t.setObjectName(QStringLiteral("tmTest"));
+        t.setSingleShot(true);
+        connect(&t, &QTimer::timeout, this, [] { throw DbError(7, QStringLiteral("磁盘已满")); });
+        t.start(0);
+        QTest::qWait(20);
+        app->setOnError({});
+        QCOMPARE(saved, 1);
+        QCOMPARE(messages(),
+                 QStringList{QStringLiteral("Error 7 (磁盘已满) in procedure tmTest of Form frmMain")});
+    }
+
     // One Enter after a wrong password: one attempt, one message, one log row.
     void enterAfterWrongPassword() {
         TestVenue v;
@@ -187,5 +207,12 @@ class TestKeepsRunning : public QObject {
     }
 };
 
-QTEST_MAIN(TestKeepsRunning)
+// The program's own application object, so that its last resort is under test too.
+int main(int argc, char** argv) {
+    GuardedApplication app(argc, argv);
+    app.setAttribute(Qt::AA_Use96Dpi, true);
+    TestKeepsRunning t;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&t, argc, argv);
+}
 #include "test_keeps_running.moc"
