@@ -14,6 +14,7 @@
 #include "StoredValueService.h"
 #include "TestVenue.h"
 #include "WareService.h"
+#include "frmCloseHouse.h"
 #include "frmEmployee.h"
 #include "frmEmployeeList.h"
 #include "frmOption.h"
@@ -145,6 +146,20 @@ class TestKeptData : public QObject {
                  (QStringList{QStringLiteral("01-01 08:05"), QStringLiteral("12-31 23:00")}));
         QCOMPARE(column(&topUps, QStringLiteral("thismemoney")),
                  (QStringList{QStringLiteral("2"), QStringLiteral("101")}));
+    }
+
+    // Deferred bills by their opening time, as read, not by their hidden key.
+    void deferredBillsByOpeningTime() {
+        TestVenue v;
+        OPEN_VENUE(v);
+        DB().exec(
+            QStringLiteral("insert into Expense (ExpenseID, OpenTime, State, VoucherState, jzr) values "
+                           "('a', '2026-11-21 20:00', 0, 2, '王'), ('b', '2026-11-20 19:00', 0, 2, '王')"));
+        frmCloseHouse w;
+        w.cmdFindjzrinfo_Click();
+        const auto* list = child<QTreeWidget>(w, "lvwPayAfter");
+        QCOMPARE(list->topLevelItemCount(), 2);
+        QCOMPARE(list->topLevelItem(0)->data(0, Qt::UserRole).toString(), QStringLiteral("kb"));
     }
 
     // The employee list in the order of its query, by name, not by its hidden key; a state
