@@ -7,7 +7,7 @@
 
 namespace BusinessRules {
 Refused applyDiscount(const Discount& d) {
-    if (!IsNumeric(d.rate))
+    if (!ReadNumber(d.rate, Range::Quantity))
         return Refusal{QStringLiteral("折扣比率只能输入数字，请输入正确的折扣比率！"), QStringLiteral("txtAllDiscount")};
     SetSetup(QStringLiteral("PayMoneyFormat"), QString::number(d.payMoneyFormat == 1 || d.payMoneyFormat == 2 ? d.payMoneyFormat : 0));
     const float rate = float(Val(d.rate));
@@ -29,10 +29,13 @@ void applyAllowHigh2Low(bool allow) {
                    : QStringLiteral("设置不允许顾客由高费率包厢换到低费率包厢。"));
 }
 
-void saveCheckout(int closeFirst, const QString& lockMinutes) {
+Refused saveCheckout(int closeFirst, const QString& lockMinutes) {
+    if (!ValFits(lockMinutes, Range::Int32))
+        return Refusal{QStringLiteral("锁定时间只能输入数字！"), QStringLiteral("txtLockTime")};
     SetSetup(QStringLiteral("HClose"), QString::number(closeFirst));
     const qint64 lock = qint64(Val(lockMinutes)); // the whole part of what was typed
     SetSetup(QStringLiteral("LockTime"), QString::number(lock));
     App().LockTime = int(lock);
+    return std::nullopt;
 }
 } // namespace BusinessRules

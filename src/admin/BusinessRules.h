@@ -13,5 +13,5 @@ struct Discount {
 Refused applyDiscount(const Discount& d);
 void applyAllowHigh2Low(bool allow);
 // `closeFirst` is the list index: 0 member number, 1 cash. The lock keeps the whole minutes typed.
-void saveCheckout(int closeFirst, const QString& lockMinutes);
+Refused saveCheckout(int closeFirst, const QString& lockMinutes);
 } // namespace BusinessRules

@@ -57,11 +57,12 @@ void OptionPrintPage::load() {
         ui->chkPrintOutSale->setChecked(o.printOutSale);
         ui->chkPrintExpenseEndBill->setChecked(o.printExpenseEndBill);
         ui->chkhc->setChecked(o.hc);
-        FillPrinterList(ui->cmbHC, o.printerHC);
+        // Kitchen and bar tickets need a named printer: no default entry here.
+        FillPrinterList(ui->cmbHC, o.printerHC, false);
         choosePaper(ui->cmbHCPaper, o.hcPaper);
         ui->txthcNum->setText(o.hcNum);
         ui->chkbt->setChecked(o.bt);
-        FillPrinterList(ui->cmbBT, o.printerBT);
+        FillPrinterList(ui->cmbBT, o.printerBT, false);
         choosePaper(ui->cmbBTPaper, o.btPaper);
         ui->txtbtNum->setText(o.btNum);
         ui->cmbTopWeb->setCurrentIndex(o.topWeb);
@@ -99,12 +100,12 @@ PrintOptions OptionPrintPage::typed() const {
     o.printOutSale = ui->chkPrintOutSale->isChecked();
     o.printExpenseEndBill = ui->chkPrintExpenseEndBill->isChecked();
     o.hc = ui->chkhc->isChecked();
-    o.hcPrinterChosen = !ui->cmbHC->currentText().trimmed().isEmpty();
+    o.hcPrinterChosen = !ChosenPrinter(ui->cmbHC).trimmed().isEmpty();
     o.printerHC = ChosenPrinter(ui->cmbHC);
     o.hcPaper = ui->cmbHCPaper->currentData().toString();
     o.hcNum = ui->txthcNum->text();
     o.bt = ui->chkbt->isChecked();
-    o.btPrinterChosen = !ui->cmbBT->currentText().trimmed().isEmpty();
+    o.btPrinterChosen = !ChosenPrinter(ui->cmbBT).trimmed().isEmpty();
     o.printerBT = ChosenPrinter(ui->cmbBT);
     o.btPaper = ui->cmbBTPaper->currentData().toString();
     o.btNum = ui->txtbtNum->text();

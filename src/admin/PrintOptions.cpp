@@ -2,6 +2,7 @@
 #include "AppState.h"
 #include "AutoRun.h"
 #include "Clock.h"
+#include "Dialect.h"
 #include "Ini.h"
 #include "Log.h"
 #include "Settings.h"
@@ -75,7 +76,9 @@ Refused save(const PrintOptions& o, const QString& program) {
         if (DB().scalar(QStringLiteral("select count(*) from CompanyInfo")).toInt() == 0)
             DB().exec(QStringLiteral(
                 "insert into CompanyInfo (CompanyName, companyaddress, phone) values ('', '', '')"));
-        DB().exec(QStringLiteral("update CompanyInfo set CompanyName=?, companyaddress=?, phone=?"),
+        // The first row is the venue's; any further row stays as it is.
+        DB().exec(QStringLiteral("update CompanyInfo set CompanyName=?, companyaddress=?, phone=? where ") +
+                      DB().dialect().firstRowOf(QStringLiteral("CompanyInfo")),
                   {o.companyName, o.companyAddress, o.phone});
     });
     a.CompanyName = o.companyName;

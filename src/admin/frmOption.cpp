@@ -4,6 +4,7 @@
 #include "Clock.h"
 #include "Format.h"
 #include "ListColumns.h"
+#include "ListExport.h"
 #include "ListSort.h"
 #include "MessageBox.h"
 #include "NewID.h"
@@ -69,14 +70,22 @@ frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
     setColumns(ui->lvwHouse, {QStringLiteral("手牌编号"), QStringLiteral("包厢类型"), QStringLiteral("状态"),
                               QStringLiteral("计费标准"), QStringLiteral("备注")});
     ui->cmbCloseHouseCur->addItems({QStringLiteral("会员编号"), QStringLiteral("实收现金")});
-    ui->cmdOutExcelHouse->setEnabled(false); // list export arrives with the configured lists
     setColumns(ui->lvwWareType,
                {QStringLiteral("编号"), QStringLiteral("分类名称"), QStringLiteral("时段折扣"),
                 QStringLiteral("不参与会员折扣"), QStringLiteral("后厨打印"), QStringLiteral("吧台打印")});
     SortListOnHeaderClick(ui->lvwWare);
-    // Goods import and the goods list's export are later work.
+    // Goods import is later work.
     ui->cmdDataImportWare->setEnabled(false);
-    ui->cmdOutExcel->setEnabled(false);
+    QMenu* wareExport = ExportMenu(this, ui->lvwWare);
+    connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, wareExport] {
+        if (!CheckPuissance(QStringLiteral("S010"))) return;
+        wareExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
+    });
+    QMenu* houseExport = ExportMenu(this, ui->lvwHouse);
+    houseExport->setObjectName(QStringLiteral("mnuExportHouse"));
+    connect(ui->cmdOutExcelHouse, &QPushButton::clicked, this, [this, houseExport] {
+        houseExport->popup(ui->cmdOutExcelHouse->mapToGlobal(QPoint(0, ui->cmdOutExcelHouse->height())));
+    });
 
     connect(ui->cmdPayLevelAdd, &QPushButton::clicked, this, &frmOption::cmdPayLevelAdd_Click);
     connect(ui->cmdPayLevelEdit, &QPushButton::clicked, this, &frmOption::cmdPayLevelEdit_Click);
@@ -115,12 +124,17 @@ frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
     });
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::accept);
 
-    loadPayLevels();
-    loadHouseAssorts();
-    loadHouses();
-    loadWareTypes();
-    loadWares();
-    loadRules();
+    // A list that cannot be read stays empty; the window opens all the same.
+    try {
+        loadPayLevels();
+        loadHouseAssorts();
+        loadHouses();
+        loadWareTypes();
+        loadWares();
+        loadRules();
+    } catch (const DbError& e) {
+        Msg::critical(this, e.message(QStringLiteral("Form_Load"), QStringLiteral("frmOption")));
+    }
 }
 
 frmOption::~frmOption() = default;
@@ -213,7 +227,9 @@ void frmOption::cmdAllowLow2High_Click() {
 }
 
 void frmOption::cmdSaveCZ_Click() {
-    BusinessRules::saveCheckout(ui->cmbCloseHouseCur->currentIndex(), ui->txtLockTime->text());
+    if (const Refused r =
+            BusinessRules::saveCheckout(ui->cmbCloseHouseCur->currentIndex(), ui->txtLockTime->text()))
+        ShowRefusal(this, *r);
 }
 
 void frmOption::cmdHouseAssortAdd_Click() {

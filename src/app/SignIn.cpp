@@ -28,7 +28,10 @@ void LogSignInFailure(const QString& loginName, Db& db) {
 }
 
 SignInOutcome SignIn(const QString& loginName, const QString& password, Db& db) {
-    const Rows r = db.query(QStringLiteral("select * from Operator where LoginName=?"), {loginName});
+    // Names compare without regard to case; a name typed exactly as stored comes first.
+    const Rows r = db.query(QStringLiteral("select * from Operator where lower(LoginName)=lower(?) "
+                                           "order by case when LoginName=? then 0 else 1 end"),
+                            {loginName, loginName});
     if (r.isEmpty()) {
         logAttempt(loginName, false, db);
         return SignInOutcome::Invalid;

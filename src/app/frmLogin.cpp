@@ -27,8 +27,8 @@ frmLogin::frmLogin(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui->cmdSelectDB, &QPushButton::clicked, this, &frmLogin::cmdSelectDB_Click);
-    // Enter in the password box signs in.
-    connect(ui->txtPassword, &QLineEdit::returnPressed, this, &frmLogin::cmdOK_Click);
+    // Enter in the password box signs in through the default button cmdOK, and only there:
+    // one press, one attempt.
     ui->txtUserName->setFocus();
 }
 

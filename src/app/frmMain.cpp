@@ -69,6 +69,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
                                                                                              : Qt::ToolButtonIconOnly);
     });
     wire(QStringLiteral("mnuQNHelp"), [this] {
+        m_firstRunHelp = false;
         App().IsDynamicHelp = action(QStringLiteral("mnuQNHelp"))->isChecked();
         m_helpDock->setVisible(App().IsDynamicHelp);
         if (App().IsDynamicHelp) showHelpFor(QApplication::focusWidget());
@@ -240,10 +241,18 @@ void frmMain::showHelpFor(QWidget* focused) {
 void frmMain::Init() {
     try {
         App().DefaultPrinterName = QPrinterInfo::defaultPrinterName();
-        LoadSetupValue();
-        LoadCompanyInfo();
-
-        const qint64 seconds = RoundEven(Val(GetSetup(QStringLiteral("RefurbishTime"))));
+        // An error here keeps the values read so far and the rest of the start runs.
+        if (const std::optional<DbError> e = LoadSetupValue())
+            Msg::critical(this, e->message(QStringLiteral("LoadSetupValue"), QStringLiteral("mdMain"),
+                                           QStringLiteral("Module")));
+        // What cannot be read stays empty or off; the help, memo and board follow all the same.
+        qint64 seconds = 0;
+        try {
+            LoadCompanyInfo();
+            seconds = RoundEven(qMin(Val(GetSetup(QStringLiteral("RefurbishTime"))), 86400.0));
+        } catch (const DbError& e) {
+            Msg::critical(this, e.message(QStringLiteral("Init"), QStringLiteral("frmMain")));
+        }
         if (seconds >= 3) {
             m_txtTime->setText(QString::number(seconds));
             m_tmRefurbish->setInterval(int(seconds * 1000));
@@ -254,7 +263,10 @@ void frmMain::Init() {
         }
 
         const bool firstRun = Val(GetIni(QStringLiteral("IsTopRun"))) != 1.0;
-        const bool help = firstRun || GetIni(QStringLiteral("IsOpenHelp")) == QLatin1String("Y");
+        const bool chosen = GetIni(QStringLiteral("IsOpenHelp")) == QLatin1String("Y");
+        const bool help = firstRun || chosen;
+        // Shown for the first run only: not remembered as the user's choice.
+        m_firstRunHelp = help && !chosen;
         action(QStringLiteral("mnuQNHelp"))->setChecked(help);
         App().IsDynamicHelp = help;
         m_helpDock->setVisible(help);
@@ -281,7 +293,8 @@ void frmMain::refreshOperatorPanel() {
 }
 
 void frmMain::txtTime_LostFocus() {
-    const double v = Val(m_txtTime->text());
+    // A number no timer can hold counts as too short a time, like any other bad one.
+    const double v = ValFits(m_txtTime->text(), Range::Int32) ? Val(m_txtTime->text()) : -1;
     if (v == 0) {
         m_tmRefurbish->stop();
     } else if (v >= 3) {
@@ -294,15 +307,20 @@ void frmMain::txtTime_LostFocus() {
     }
 }
 
+void frmMain::SaveMemo() {
+    QString memo = ui->txtMemo->toPlainText();
+    memo.replace(QLatin1String("\r\n"), QLatin1String("|")).replace(QLatin1Char('\n'), QLatin1Char('|'));
+    SetIni(QStringLiteral("Remind"), memo);
+}
+
 void frmMain::SaveInfo() {
     QString step;
     try {
         SetIni(QStringLiteral("IsTopRun"), QStringLiteral("1"));
         SetIni(QStringLiteral("IsOpenHelp"),
-               action(QStringLiteral("mnuQNHelp"))->isChecked() ? QStringLiteral("Y") : QStringLiteral("N"));
-        QString memo = ui->txtMemo->toPlainText();
-        memo.replace(QLatin1String("\r\n"), QLatin1String("|")).replace(QLatin1Char('\n'), QLatin1Char('|'));
-        SetIni(QStringLiteral("Remind"), memo);
+               action(QStringLiteral("mnuQNHelp"))->isChecked() && !m_firstRunHelp ? QStringLiteral("Y")
+                                                                                   : QStringLiteral("N"));
+        SaveMemo();
         TrimLog();
         SetSetup(QStringLiteral("RefurbishTime"), QString::number(Val(m_txtTime->text()), 'g', 15));
         SetIni(QStringLiteral("IsShowToolbar"), m_tbrMain->isVisible() ? QStringLiteral("Y") : QStringLiteral("N"));
@@ -324,10 +342,15 @@ void frmMain::Relogin() {
     a.CurrentOperatorID.clear();
     a.CurrentOperatorName.clear();
     a.CurrentDiscountLimit = 1.0;
+    // The sign-in reopens the database; the board waits for it, whatever the outcome.
+    const bool refreshing = m_tmRefurbish->isActive();
+    m_tmRefurbish->stop();
     frmLogin login;
     if (login.exec() == QDialog::Accepted) {
         show();
         refreshOperatorPanel();
+        m_board->LoadRoomTabs();
+        if (refreshing) m_tmRefurbish->start();
         return;
     }
     m_exiting = true;

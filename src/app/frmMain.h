@@ -31,6 +31,8 @@ public:
     QAction* action(const QString& name) const;
     void wire(const QString& name, std::function<void()> handler);
     void SaveInfo();
+    // The reminder memo to config.ini: at the exit, and when an error escaped everything.
+    void SaveMemo();
     void Relogin();
     // The refresh seconds typed in txtTime, applied on leaving the box.
     void txtTime_LostFocus();
@@ -74,4 +76,5 @@ private:
     QDockWidget* m_helpDock = nullptr;
     QPlainTextEdit* m_txtHelp = nullptr;
     bool m_exiting = false;
+    bool m_firstRunHelp = false; // the help is shown for the first run, not by choice
 };

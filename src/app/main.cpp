@@ -2,6 +2,7 @@
 #include "AppState.h"
 #include "Db.h"
 #include "Demo.h"
+#include "GuardedApplication.h"
 #include "MessageBox.h"
 #include "PrintUi.h"
 #include "Schema.h"
@@ -75,7 +76,7 @@ int main(int argc, char* argv[]) {
         return initVenue(o.home, o.demo);
     }
 
-    QApplication app(argc, argv);
+    GuardedApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("singbox"));
     InitResources();
     const Options o = parse(app);
@@ -101,6 +102,7 @@ int main(int argc, char* argv[]) {
         });
     if (login.exec() != QDialog::Accepted) return 0;
     frmMain main;
+    app.setOnError([&main] { main.SaveMemo(); });
     main.show();
     main.Init();
     main.refreshOperatorPanel();

@@ -7,6 +7,10 @@
 
 Money Money::fromDouble(double value) {
     if (!std::isfinite(value)) return {};
+    // Typed amounts are range-checked before they get here; a product beyond 64 bits
+    // saturates rather than wrapping into a negative sum.
+    constexpr double Limit = 9.2e18;
+    if (std::fabs(value * double(Scale)) >= Limit) return fromRaw(value < 0 ? -qint64(Limit) : qint64(Limit));
     // Scale, then read the product as its 15-digit decimal text so that a typed
     // 0.00015 is the tie it looks like; nearbyint then rounds ties to even.
     char buf[40];

@@ -32,22 +32,44 @@ qsizetype skipBlanks(const QString& s, qsizetype i) {
     while (i < s.size() && s[i].isSpace()) ++i;
     return i;
 }
+
+// The numeric prefix as read, infinite when it overflows a double; `whole` tells whether
+// nothing but blanks follows it. Nothing when the text has no number.
+std::optional<double> readPrefix(const QString& text, bool* whole) {
+    const qsizetype i = skipBlanks(text, 0);
+    const qsizetype len = numberLength(text, i);
+    if (whole) *whole = len > 0 && skipBlanks(text, i + len) == text.size();
+    if (len == 0) return std::nullopt;
+    const std::string digits = text.mid(i, len).toStdString();
+    return std::strtod(digits.c_str(), nullptr);
+}
+
+bool within(double v, NumberRange range) {
+    return std::isfinite(v) && v >= range.lowest && v <= range.highest;
+}
 } // namespace
 
 double Val(const QString& text) {
-    const qsizetype i = skipBlanks(text, 0);
-    const qsizetype len = numberLength(text, i);
-    if (len == 0) return 0.0;
-    const std::string digits = text.mid(i, len).toStdString();
-    const double v = std::strtod(digits.c_str(), nullptr);
+    const double v = readPrefix(text, nullptr).value_or(0.0);
     return std::isfinite(v) ? v : 0.0;
 }
 
 bool IsNumeric(const QString& text) {
-    const qsizetype i = skipBlanks(text, 0);
-    const qsizetype len = numberLength(text, i);
-    if (len == 0) return false;
-    return skipBlanks(text, i + len) == text.size();
+    bool whole = false;
+    const std::optional<double> v = readPrefix(text, &whole);
+    return whole && std::isfinite(*v);
+}
+
+std::optional<double> ReadNumber(const QString& text, NumberRange range) {
+    bool whole = false;
+    const std::optional<double> v = readPrefix(text, &whole);
+    if (!whole || !within(*v, range)) return std::nullopt;
+    return *v;
+}
+
+bool ValFits(const QString& text, NumberRange range) {
+    const std::optional<double> v = readPrefix(text, nullptr);
+    return !v || within(*v, range);
 }
 
 qint64 RoundEven(double value) {

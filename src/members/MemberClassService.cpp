@@ -23,11 +23,11 @@ std::optional<MemberClassInput> MemberClassService::load(const QString& id) cons
 Refused MemberClassService::validate(const MemberClassInput& in) {
     if (in.name.trimmed().isEmpty())
         return Refusal{QStringLiteral("请输入分类名称！"), QStringLiteral("txtSetupName")};
-    if (!IsNumeric(in.initValue))
+    if (!ReadNumber(in.initValue, Range::Quantity))
         return Refusal{QStringLiteral("请输入初始积分！"), QStringLiteral("txtInitValue")};
-    if (!IsNumeric(in.stepValue))
+    if (!ReadNumber(in.stepValue, Range::Quantity))
         return Refusal{QStringLiteral("请输入积分方法！"), QStringLiteral("txtStepValue")};
-    if (!IsNumeric(in.discount))
+    if (!ReadNumber(in.discount, Range::Quantity))
         return Refusal{QStringLiteral("请输入折扣！"), QStringLiteral("txtDiscount")};
     return std::nullopt;
 }

@@ -96,6 +96,8 @@ Refused MemberService::validate(const MemberInput& in) {
         return Refusal{QStringLiteral("请输入会员姓名！"), QStringLiteral("txtMemberName")};
     if (in.setupID.isEmpty())
         return Refusal{QStringLiteral("请选择会员等级！"), QStringLiteral("imgcmbMemberSetup")};
+    if (!ValFits(in.memberValue, Range::Quantity))
+        return Refusal{QStringLiteral("会员积分只能输入数字！"), QStringLiteral("txtMemberValue")};
     return std::nullopt;
 }
 

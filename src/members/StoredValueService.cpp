@@ -24,9 +24,9 @@ ChongzhiMemberLoad StoredValueService::loadMember(const QString& code) const {
 Refused StoredValueService::validate(const ChongzhiInput& in) {
     if (in.currentMember.isEmpty())
         return Refusal{QStringLiteral("请输入正确的会员编号！"), QStringLiteral("txtMemberCode")};
-    if (!IsNumeric(in.factPay))
+    if (!ReadNumber(in.factPay, Range::Money))
         return Refusal{QStringLiteral("请输入实收金额！"), QStringLiteral("txtFactPay")};
-    if (!IsNumeric(in.thisMemoney))
+    if (!ReadNumber(in.thisMemoney, Range::Money))
         return Refusal{QStringLiteral("请输入充值金额！"), QStringLiteral("txtThisMemoney")};
     return std::nullopt;
 }

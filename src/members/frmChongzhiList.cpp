@@ -65,10 +65,8 @@ void frmChongzhiList::cmdFind_Click() {
     try {
         const ChongzhiTotals t =
             StoredValueService().search(ui->dtpStart->dateTime(), ui->dtpEnd->dateTime());
-        ShowList(ui->lvwThis, ListName, t.rows, true);
-        // Newest first, as read.
-        const int when = ListColumn(ui->lvwThis, QStringLiteral("OperatorTime"));
-        if (when >= 0) SortListBy(ui->lvwThis, when, Qt::DescendingOrder);
+        // Newest first, as read: the shown time has no year to sort by.
+        ShowListInQueryOrder(ui->lvwThis, ListName, t.rows, true);
         ui->txtFactPay->setText(FormatNumber(t.factPay.toDouble(), QStringLiteral("0")));
         ui->txtThisMemoney->setText(FormatNumber(t.thisMemoney.toDouble(), QStringLiteral("0")));
     } catch (const DbError& e) {

@@ -51,7 +51,7 @@ QuickEntry OrderEntry::quickEntry(const QString& text, bool autoAdd) const {
         return q;
     }
     if (!quantity.isEmpty()) {
-        if (!IsNumeric(quantity.trimmed())) {
+        if (!ReadNumber(quantity.trimmed(), Range::Quantity)) {
             q.next = QuickEntry::Next::BadQuantity;
             q.message = QStringLiteral("您输入") + quantity + QStringLiteral("数量有误，请重新输入！");
             return q;

@@ -8,6 +8,7 @@
 #include "Settings.h"
 #include "Val.h"
 #include "fExpense.h"
+#include <cmath>
 
 namespace {
 Refusal failed(const DbError& e, const char* procedure) {
@@ -30,6 +31,8 @@ Refused canDelete(Db& db, const QString& expenseID) {
 Refused OrderService::CheckForm(const QString& num) {
     const QString field = QStringLiteral("txtNum");
     if (num.trimmed().isEmpty()) return Refusal{QStringLiteral("请输入消费数量！"), field};
+    if (!ValFits(num, Range::Quantity))
+        return Refusal{QStringLiteral("您输入") + num + QStringLiteral("数量有误，请重新输入！"), field};
     if (Val(num) == 0) return Refusal{QStringLiteral("消费数量不能输入0，请重新输入！"), field};
     return std::nullopt;
 }
@@ -56,6 +59,12 @@ Refused OrderService::holdOpenBill(const QString& expenseID) {
 
 LineSaved OrderService::SaveLine(const OrderLineInput& in) {
     if (Refused r = CheckForm(in.num)) return {std::nullopt, r};
+    // The line's amount and commission must stay money a bill can hold.
+    for (const QString& each : {in.price, in.tiCheng})
+        if (std::fabs(Val(each) * Val(in.num)) > Range::Money.highest)
+            return {std::nullopt,
+                    Refusal{QStringLiteral("您输入") + in.num + QStringLiteral("数量有误，请重新输入！"),
+                            QStringLiteral("txtNum")}};
     OrderedLine l;
     l.expenseID = in.expenseID;
     l.wareID = in.wareID;
@@ -139,11 +148,11 @@ Refused OrderService::DeleteDetail(const QString& expenseID, const QString& deta
                                    "coalesce(isdel,0)<>1"),
                     {detailID, expenseID}) == 0)
                 return m_db.discard(Refused(Refusal::warning(OrderText::lineGone())));
-            // The quantity as stored, not as the list rounds it; gifts too.
+            // The quantity as the list shows it (1.5 shown as 2 gives back 2), gifts too.
             if (App().IsUseWareHouse == 1)
-                m_db.exec(
-                    QStringLiteral("update Ware set nownum=coalesce(nownum,0)+? where WareID=?"),
-                    {line.first().num(QStringLiteral("num")), line.first().text(QStringLiteral("WareID"))});
+                m_db.exec(QStringLiteral("update Ware set nownum=coalesce(nownum,0)+? where WareID=?"),
+                          {Val(FormatNumber(line.first().num(QStringLiteral("num")), QStringLiteral("0"))),
+                           line.first().text(QStringLiteral("WareID"))});
             return Refused();
         });
     } catch (const DbError& e) {

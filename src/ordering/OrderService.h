@@ -53,7 +53,7 @@ class OrderService {
     // gets its own key as the batch code, which the result carries for the next lines.
     LineSaved SaveLine(const OrderLineInput& in);
 
-    // Voids a live line of the bill and puts the stored quantity back on the stock.
+    // Voids a live line of the bill and puts the quantity the list shows (whole units) back on the stock.
     Refused DeleteDetail(const QString& expenseID, const QString& detailID);
 
     // Replaces the note of a line and remembers it as a suggestion.

@@ -38,6 +38,11 @@ Refused validate(const WareLevelInput& in) {
     if (in.name.trimmed().isEmpty())
         return Refusal{QStringLiteral("请时段名称！"), QStringLiteral("txtWareLevelName")};
     if (Val(in.end[0]) == 0) return Refusal{QStringLiteral("请选择时段1结束时间！"), first};
+    // Discounts read as Val (text is 0), but never as a factor no price can take.
+    for (int i = 0; i < 4; ++i)
+        if (!ValFits(in.discount[size_t(i)], Range::Quantity))
+            return Refusal{QStringLiteral("折扣只能输入数字！"),
+                           QStringLiteral("txtDiscount") + QString::number(i + 1)};
     for (const QString& e : in.end)
         if (Val(e) == 24) return std::nullopt;
     return Refusal{QStringLiteral("必须设置一个时段的结束时间为24点！"), first};

@@ -11,7 +11,7 @@ namespace {
 constexpr double MaxMoney = 1e12;
 
 bool fitsMoney(const QString& text) {
-    return std::fabs(Val(text)) < MaxMoney;
+    return ValFits(text, Range::Money) && std::fabs(Val(text)) < MaxMoney;
 }
 
 QString number(double v) {
@@ -88,10 +88,17 @@ WareSaved WareService::saveWareType(const WareTypeInput& in, bool adding) {
 
 Refused WareService::deleteWareType(const QString& id) {
     try {
-        m_db.write([&] { m_db.exec(QStringLiteral("delete from WareType where WareTypeID=?"), {id}); });
+        // Articles of the type: refused here, and the foreign key refuses too.
+        const int n = m_db.write([&] {
+            return m_db.exec(QStringLiteral("delete from WareType where WareTypeID=? and not exists "
+                                            "(select 1 from Ware where Ware.WareTypeID=?)"),
+                             {id, id});
+        });
+        if (n == 0 && m_db.scalar(QStringLiteral("select count(*) from WareType where WareTypeID=?"), {id})
+                              .toLongLong() > 0)
+            return Refusal::warning(WareText::inUse());
         return std::nullopt;
     } catch (const DbError&) {
-        // Articles of the type: the foreign key refuses.
         return Refusal::warning(WareText::inUse());
     }
 }
@@ -130,6 +137,8 @@ Refused WareService::validateWare(const WareInput& in) {
         return Refusal(QStringLiteral("品项成本超出范围！"), QStringLiteral("txtProcurePrice"));
     if (!fitsMoney(in.tiCheng))
         return Refusal(QStringLiteral("员工提成超出范围！"), QStringLiteral("txtTicheng"));
+    if (!ValFits(in.minNum, Range::Quantity))
+        return Refusal(QStringLiteral("最低库存超出范围！"), QStringLiteral("txtMinNum"));
     return std::nullopt;
 }
 
@@ -171,7 +180,19 @@ WareSaved WareService::saveWare(const QString& id, const WareInput& in) {
 
 Refused WareService::deleteWare(const QString& id) {
     try {
-        m_db.write([&] { m_db.exec(QStringLiteral("delete from Ware where WareID=?"), {id}); });
+        // Goods on a bill, a sale, a receipt or a loss keep their name for those lines.
+        const int n = m_db.write([&] {
+            return m_db.exec(
+                QStringLiteral("delete from Ware where WareID=? "
+                               "and not exists (select 1 from ExpenseDetail where ExpenseDetail.WareID=?) "
+                               "and not exists (select 1 from OutsaleDetail where OutsaleDetail.WareID=?) "
+                               "and not exists (select 1 from WareInList where WareInList.WareID=?) "
+                               "and not exists (select 1 from WareLossList where WareLossList.WareID=?)"),
+                {id, id, id, id, id});
+        });
+        if (n == 0 &&
+            m_db.scalar(QStringLiteral("select count(*) from Ware where WareID=?"), {id}).toLongLong() > 0)
+            return Refusal::warning(WareText::inUse());
         return std::nullopt;
     } catch (const DbError&) {
         return Refusal::warning(WareText::inUse());

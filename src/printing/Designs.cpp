@@ -47,7 +47,10 @@ Receipt DesignBill(const BillData& d, bool roomCharge, BillStyle style) {
     r.rule();
     r.table(goodsColumns(QStringLiteral("金额")), d.lines);
     r.rule();
-    if (roomCharge) r.total(QStringLiteral("包厢费"), QStringLiteral("lblPayLevel"), d.payLevel);
+    // A room fee left unfilled shows the label's design-time caption.
+    if (roomCharge)
+        r.total(QStringLiteral("包厢费"), QStringLiteral("lblPayLevel"),
+                d.payLevel.isEmpty() ? QStringLiteral("0.00") : d.payLevel);
     r.total(QStringLiteral("消费金额"), QStringLiteral("lblOughtMoney"), d.oughtMoney);
     r.total(QStringLiteral("优惠"), QStringLiteral("lblNoMoney"), d.noMoney);
     r.total(QStringLiteral("实收"), QStringLiteral("lblFactPay"), d.factPay, true);

@@ -104,8 +104,9 @@ QString SendReceipt(const QString& setting, const Receipt& receipt, Paper paper,
     return {};
 }
 
-QList<PrinterChoice> PrinterChoices(const QString& saved) {
-    QList<PrinterChoice> out{{DefaultPrinterText(), QString()}};
+QList<PrinterChoice> PrinterChoices(const QString& saved, bool withDefault) {
+    QList<PrinterChoice> out;
+    if (withDefault) out << PrinterChoice{DefaultPrinterText(), QString()};
     for (const QString& name : QPrinterInfo::availablePrinterNames())
         out << PrinterChoice{name, name};
     out << PrinterChoice{PdfPrefix, PdfPrefix};

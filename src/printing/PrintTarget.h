@@ -28,10 +28,10 @@ QString DefaultPrinterText();
 QString SendReceipt(const QString& setting, const Receipt& receipt, Paper paper, int copies,
                     const QString& fileName);
 
-// The entries of a printer list: the system default, the system's printers, the PDF folder,
-// and a saved network or PDF target that is none of these.
+// The entries of a printer list: the system default (when `withDefault`), the system's
+// printers, the PDF folder, and a saved network or PDF target that is none of these.
 struct PrinterChoice {
     QString text;
     QString value;
 };
-QList<PrinterChoice> PrinterChoices(const QString& saved = {});
+QList<PrinterChoice> PrinterChoices(const QString& saved = {}, bool withDefault = true);

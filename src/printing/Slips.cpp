@@ -128,7 +128,7 @@ std::optional<Receipt> BillSlip(const QString& expenseID, bool isEnd, Db& db) {
         d.closeTime = ShortTime(e.text(QStringLiteral("CloseTime")));
         d.oughtMoney = money(e, QStringLiteral("oughtMoney"));
         d.factPay = money(e, QStringLiteral("factpay"));
-        // A settled room charge of 0 leaves the line without its amount.
+        // A settled room charge of 0 leaves the label at its design-time caption.
         if (!e.money(QStringLiteral("theMoney")).isZero()) d.payLevel = money(e, QStringLiteral("theMoney"));
     } else {
         if (style == BillStyle::Detailed) d.expendTime = GetExpendTimeText(open, now);
@@ -219,13 +219,16 @@ ThisSlips ThisTicketSlips(const QString& thisCode, bool printSlip, const QString
                 DesignExpenseThis(ticketData(rows, theCode, FormatNumber(sum, QStringLiteral("0.00")), false),
                                   QStringLiteral("消费帐单 ") + theCode);
     }
-    if (IsFlagOn(GetSetup(QStringLiteral("IsHC"), db))) {
+    // A kitchen or bar ticket goes out only to a printer named for it.
+    if (IsFlagOn(GetSetup(QStringLiteral("IsHC"), db)) &&
+        !GetSetup(QStringLiteral("PrinterHC"), db).trimmed().isEmpty()) {
         const Rows rows =
             roundLines(thisCode, QStringLiteral("isHC"), QStringLiteral(" and WareType.isHC=1"), db);
         out.kitchenCopies = copiesOf(GetSetup(QStringLiteral("HCNum"), db));
         if (!rows.isEmpty()) out.kitchen = DesignExpenseThisHC(ticketData(rows, theCode, QString(), true));
     }
-    if (IsFlagOn(GetSetup(QStringLiteral("IsBT"), db))) {
+    if (IsFlagOn(GetSetup(QStringLiteral("IsBT"), db)) &&
+        !GetSetup(QStringLiteral("PrinterBT"), db).trimmed().isEmpty()) {
         const Rows rows =
             roundLines(thisCode, QStringLiteral("isBT"), QStringLiteral(" and WareType.isBT=1"), db);
         // Per workstation: the bar copies are read from this one's config.ini.

@@ -36,9 +36,9 @@ QString ChosenPrinter(const QComboBox* list) {
     return i >= 0 ? list->itemData(i).toString() : text;
 }
 
-void FillPrinterList(QComboBox* list, const QString& saved) {
+void FillPrinterList(QComboBox* list, const QString& saved, bool withDefault) {
     list->clear();
-    for (const PrinterChoice& c : PrinterChoices(saved))
+    for (const PrinterChoice& c : PrinterChoices(saved, withDefault))
         list->addItem(c.text, c.value);
     const int i = list->findData(saved.trimmed());
     list->setCurrentIndex(i >= 0 ? i : 0);

@@ -38,4 +38,5 @@ class frmPrintQueue : public QDialog {
 // typed into it.
 QString ChosenPrinter(const QComboBox* list);
 // Fills such a list and selects the saved printer; an unknown one selects the first entry.
-void FillPrinterList(QComboBox* list, const QString& saved);
+// A list without the default entry holds only printers that can be named.
+void FillPrinterList(QComboBox* list, const QString& saved, bool withDefault = true);

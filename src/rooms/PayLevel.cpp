@@ -31,21 +31,30 @@ QString field(const char* base, int i) { return QString::fromLatin1(base) + QStr
 namespace PayLevelService {
 Refused validate(const PayLevelInput& in) {
     if (in.name.trimmed().isEmpty()) return Refusal{QStringLiteral("请计费标准名称！"), QStringLiteral("txtPayLevelName")};
-    if (!IsNumeric(in.afterTime)) return Refusal{QStringLiteral("请输入开始计费时间！"), QStringLiteral("txtAfterTime")};
+    if (!ReadNumber(in.afterTime, Range::Int16))
+        return Refusal{QStringLiteral("请输入开始计费时间！"), QStringLiteral("txtAfterTime")};
     if (Val(in.end[0]) == 0) return Refusal{QStringLiteral("请选择时段1结束时间！"), QStringLiteral("cmbEnd1")};
     bool has24 = false;
     for (const QString& e : in.end) has24 = has24 || Val(e) == 24;
     if (!has24) return Refusal{QStringLiteral("必须设置一个时段的结束时间为24点！"), QString()};
     for (int i = 0; i < 4; ++i)
-        if (!IsNumeric(in.minMoneyA[size_t(i)]))
+        if (!ReadNumber(in.minMoneyA[size_t(i)], Range::Money))
             return Refusal{QStringLiteral("最低消费金额必须输入数字！输入0表示不计费。"), field("txtMinMoneyA", i)};
     for (int i = 0; i < 4; ++i)
-        if (!IsNumeric(in.minMoney[size_t(i)]))
+        if (!ReadNumber(in.minMoney[size_t(i)], Range::Money))
             return Refusal{QStringLiteral("最低消费金额必须输入数字！输入0表示没有最低消费要求。"), field("txtMinMoney", i)};
+    // Prices and buy-out hours read as Val (text is 0), but never as a number they cannot hold.
+    for (int i = 0; i < 4; ++i)
+        if (!ValFits(in.priceA[size_t(i)], Range::Quantity))
+            return Refusal{QStringLiteral("买断时间必须输入数字！"), field("txtPriceA", i)};
+    for (int i = 0; i < 4; ++i)
+        if (!ValFits(in.price[size_t(i)], Range::Money))
+            return Refusal{QStringLiteral("计时价格必须输入数字！"), field("txtPrice", i)};
     // A unit of 0 or below would price nothing sensible: refused alike.
-    if (Val(in.unit) <= 0 || RoundEven(Val(in.unit)) <= 0)
+    if (!ValFits(in.unit, Range::Int16) || Val(in.unit) <= 0 || RoundEven(Val(in.unit)) <= 0)
         return Refusal{QStringLiteral("请输入计费单位！"), QStringLiteral("txtUnit")};
-    if (!IsNumeric(in.privilegeTime)) return Refusal{QStringLiteral("请输入优惠时间！"), QStringLiteral("txtPrivilegeTime")};
+    if (!ReadNumber(in.privilegeTime, Range::Int32))
+        return Refusal{QStringLiteral("请输入优惠时间！"), QStringLiteral("txtPrivilegeTime")};
     return std::nullopt;
 }
 

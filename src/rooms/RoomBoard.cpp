@@ -2,6 +2,7 @@
 #include "Clock.h"
 #include "ExpenseLines.h"
 #include "Format.h"
+#include "MessageBox.h"
 #include "NewID.h"
 #include "StatusArt.h"
 #include <QButtonGroup>
@@ -315,7 +316,7 @@ QString RoomBoard::currentAssortID() const {
     return i < 0 ? QString() : StripKey(m_ctabThis->tabData(i).toString());
 }
 
-void RoomBoard::LoadRoomTabs() {
+void RoomBoard::loadRoomTabs() {
     const QString current = m_ctabThis->currentIndex() < 0
                                 ? QString()
                                 : m_ctabThis->tabData(m_ctabThis->currentIndex()).toString();
@@ -351,7 +352,7 @@ void RoomBoard::fillModel(const QList<BoardRoom>& rooms) {
     }
 }
 
-void RoomBoard::LoadRoomList() {
+void RoomBoard::loadRoomList() {
     // A refresh keeps the room the cashier is reading, when it is still listed.
     const QString keep = selectedKey();
     m_loading = true;
@@ -438,7 +439,7 @@ void RoomBoard::showPanel(const BoardPanel& p) {
     m_panel[QStringLiteral("lblPayLevelType")]->setText(p.payLevelType);
 }
 
-void RoomBoard::ShowSelected() {
+void RoomBoard::showSelected() {
     const QStandardItem* it = selectedItem();
     if (!it) return;
     const QString status = it->data(StatusRole).toString();
@@ -505,4 +506,31 @@ bool RoomBoard::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// ---- reads that never end the program
+
+template <class F> void RoomBoard::guarded(const char* procedure, F&& read) {
+    try {
+        read();
+    } catch (const DbError& e) {
+        m_loading = false;
+        // One message at a time, however often the refresh comes round meanwhile.
+        if (m_showingError) return;
+        m_showingError = true;
+        Msg::critical(this, e.message(QString::fromLatin1(procedure), QStringLiteral("frmMain")));
+        m_showingError = false;
+    }
+}
+
+void RoomBoard::LoadRoomTabs() {
+    guarded("LoadRoomTabs", [this] { loadRoomTabs(); });
+}
+
+void RoomBoard::LoadRoomList() {
+    guarded("LoadRoomList", [this] { loadRoomList(); });
+}
+
+void RoomBoard::ShowSelected() {
+    guarded("ShowSelected", [this] { showSelected(); });
 }

@@ -29,6 +29,7 @@ class RoomBoard : public QWidget {
     ~RoomBoard() override;
 
     // Tabs again, then the list; the tab and the selected room stay when they still exist.
+    // A database error is shown and the board stays as it was: the program runs on.
     void LoadRoomTabs();
     void LoadRoomList();
     void ShowSelected();
@@ -72,6 +73,10 @@ class RoomBoard : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void loadRoomTabs();
+    void loadRoomList();
+    void showSelected();
+    template <class F> void guarded(const char* procedure, F&& read);
     void buildUi();
     void fillModel(const QList<BoardRoom>& rooms);
     QStandardItem* selectedItem() const;
@@ -82,6 +87,7 @@ class RoomBoard : public QWidget {
     BoardService m_service;
     ShowMode m_mode = ShowMode::All;
     bool m_loading = false;
+    bool m_showingError = false;
 
     QHBoxLayout* m_toolRow = nullptr;
     QTabBar* m_ctabThis = nullptr;

@@ -40,7 +40,7 @@ Rows RoomService::roomTypes() const {
 }
 
 bool RoomService::codeTaken(const QString& code, const QString& exceptID) const {
-    return m_db.scalar(QStringLiteral("select count(*) from The where TheCode=? and TheID<>?"),
+    return m_db.scalar(QStringLiteral("select count(*) from The where lower(TheCode)=lower(?) and TheID<>?"),
                        {code, exceptID})
                .toLongLong() > 0;
 }
@@ -137,8 +137,10 @@ Saved RoomService::saveRoom(const RoomInput& in) {
 
 BatchAdded RoomService::addRooms(const RoomBatchInput& in) {
     if (in.startCode.trimmed().isEmpty()) return {0, Refusal(QStringLiteral("请输入手牌编号！"), fHouseCode)};
-    if (!IsNumeric(in.startCode)) return {0, Refusal(QStringLiteral("手牌编号只能输入数字！"), fHouseCode)};
-    if (!IsNumeric(in.endCode)) return {0, Refusal(QStringLiteral("手牌的结束编号只能输入数字！"), fEndCode)};
+    if (!ReadNumber(in.startCode, Range::Int32))
+        return {0, Refusal(QStringLiteral("手牌编号只能输入数字！"), fHouseCode)};
+    if (!ReadNumber(in.endCode, Range::Int32))
+        return {0, Refusal(QStringLiteral("手牌的结束编号只能输入数字！"), fEndCode)};
     const double start = Val(in.startCode), end = Val(in.endCode);
     if (!(end > start)) return {0, Refusal(QStringLiteral("手牌的结束编号应大于开始编号！"), fEndCode)};
     if (end - start >= double(MaxBatch))

@@ -27,9 +27,9 @@ std::optional<OpenHouseView> RoomUseService::loadOpen(const QString& theID) cons
 }
 
 Opened RoomUseService::open(const OpenHouseInput& in) {
-    if (!IsNumeric(in.customerNum))
+    if (!ReadNumber(in.customerNum, Range::Int32))
         return {{}, Refusal(QStringLiteral("请输入顾客人数！"), QStringLiteral("txtNum"))};
-    if (!IsNumeric(in.startMoney))
+    if (!ReadNumber(in.startMoney, Range::Money))
         return {{}, Refusal(QStringLiteral("请输入门票金额！"), QStringLiteral("txtStartMoney"))};
 
     // The stay starts on the whole minute.
@@ -141,7 +141,7 @@ Refused RoomUseService::change(const HouseChangeInput& in) {
             WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("日常营业"), QStringLiteral("更换包厢"),
                      2, true,
                      QStringLiteral("消费单(") + in.expenseID + QStringLiteral(")由包厢") + in.oldHouseCode +
-                         QStringLiteral("换台为") + code,
+                         QStringLiteral("换台为") + target.first().text(QStringLiteral("TheCode")),
                      m_db);
             return std::nullopt;
         });
@@ -152,7 +152,7 @@ Refused RoomUseService::change(const HouseChangeInput& in) {
 
 Refused RoomUseService::merge(const QString& fromCode, const QString& intoCode) {
     const QString runningRoom =
-        QStringLiteral("select TheID, ExpenseID from The where State=1 and TheCode=?");
+        QStringLiteral("select TheID, ExpenseID from The where State=1 and lower(TheCode)=lower(?)");
     try {
         return m_db.write([&]() -> Refused {
             const Rows from = m_db.query(runningRoom, {fromCode});

@@ -44,7 +44,8 @@ Rows fThe::GetLinkByID(const QString& theID) const {
 }
 
 Rows fThe::GetLinkByHouseCode(const QString& code) const {
-    return GetLinkAll(QStringLiteral("The.TheCode=?"), {code});
+    // Room codes compare without regard to case, as the finder does ("b02" is B02).
+    return GetLinkAll(QStringLiteral("lower(The.TheCode)=lower(?)"), {code});
 }
 
 Rows fThe::GetByID(const QString& theID) const {

@@ -1,5 +1,6 @@
 #include "frmHouse.h"
 #include "EnterMovesOn.h"
+#include "MessageBox.h"
 #include "RefusalShow.h"
 #include "RoomService.h"
 #include "ui_frmHouse.h"
@@ -52,13 +53,23 @@ bool frmHouse::startEdit(const QString& theID) {
 }
 
 bool frmHouse::Add() {
-    startAdd();
+    try {
+        startAdd();
+    } catch (const DbError& e) {
+        Msg::critical(parentWidget(), e.message(QStringLiteral("Form_Load"), QStringLiteral("frmHouse")));
+        return false;
+    }
     exec();
     return m_saved;
 }
 
 bool frmHouse::Edit(const QString& theID) {
-    if (!startEdit(theID)) return false;
+    try {
+        if (!startEdit(theID)) return false;
+    } catch (const DbError& e) {
+        Msg::critical(parentWidget(), e.message(QStringLiteral("Form_Load"), QStringLiteral("frmHouse")));
+        return false;
+    }
     exec();
     return m_saved;
 }

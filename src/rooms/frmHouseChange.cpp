@@ -1,5 +1,6 @@
 #include "frmHouseChange.h"
 #include "EnterMovesOn.h"
+#include "MessageBox.h"
 #include "RefusalShow.h"
 #include "RoomUse.h"
 #include "ui_frmHouseChange.h"
@@ -16,7 +17,14 @@ frmHouseChange::~frmHouseChange() = default;
 
 bool frmHouseChange::prepare(const QString& expenseID) {
     m_changed = false;
-    const std::optional<HouseChangeView> v = RoomUseService().loadChange(expenseID);
+    std::optional<HouseChangeView> v;
+    try {
+        v = RoomUseService().loadChange(expenseID);
+    } catch (const DbError& e) {
+        Msg::critical(parentWidget(),
+                      e.message(QStringLiteral("Form_Load"), QStringLiteral("frmHouseChange")));
+        return false;
+    }
     if (!v) {
         Msg::warn(parentWidget(), RoomUseText::billClosed());
         return false;

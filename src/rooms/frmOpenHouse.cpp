@@ -1,6 +1,7 @@
 #include "frmOpenHouse.h"
 #include "AppState.h"
 #include "EnterMovesOn.h"
+#include "MessageBox.h"
 #include "Puissance.h"
 #include "RefusalShow.h"
 #include "RoomPrinting.h"
@@ -29,7 +30,13 @@ frmOpenHouse::~frmOpenHouse() = default;
 bool frmOpenHouse::prepare(const QString& theID) {
     m_result.clear();
     m_wantsExpense = false;
-    const std::optional<OpenHouseView> v = RoomUseService().loadOpen(theID);
+    std::optional<OpenHouseView> v;
+    try {
+        v = RoomUseService().loadOpen(theID);
+    } catch (const DbError& e) {
+        Msg::critical(parentWidget(), e.message(QStringLiteral("Form_Load"), QStringLiteral("frmOpenHouse")));
+        return false;
+    }
     if (!v) {
         Msg::warn(parentWidget(), RoomText::roomGone());
         return false;

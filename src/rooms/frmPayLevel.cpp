@@ -101,7 +101,12 @@ bool frmPayLevel::Add() {
 }
 
 bool frmPayLevel::Edit(const QString& id) {
-    prepare(id);
+    try {
+        prepare(id);
+    } catch (const DbError& e) {
+        Msg::critical(parentWidget(), e.message(QStringLiteral("Form_Load"), QStringLiteral("frmPayLevel")));
+        return false;
+    }
     return exec() == QDialog::Accepted;
 }
 

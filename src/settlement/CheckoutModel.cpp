@@ -136,22 +136,28 @@ Refused CheckoutModel::check(CloseMode mode, const QString& jzr, const std::func
                              double closeTimeLimit) {
     if (mode == CloseMode::Deferred && jzr.trimmed().isEmpty())
         return Refusal(QStringLiteral("挂帐时需输入结帐人！"), QStringLiteral("txtjzr"), Msg::Icon::Critical);
+    // The settlement reads as Val, but never as a number a bill cannot hold.
+    if (!ValFits(oughtMoney, Range::Money))
+        return Refusal(QStringLiteral("您输入的结算金额有误，请重新输入！"), QStringLiteral("txtOughtMoney"));
     if (mode != CloseMode::Paid) {
         // Nothing is paid now: no cash, no stored value, no voucher.
         setPayBox(factPay, Zero);
         setPayBox(chongzhiD, Zero);
         setPayBox(freePay, Zero);
     } else {
-        if (!IsNumeric(factPay))
+        if (!ReadNumber(factPay, Range::Money))
             return Refusal(QStringLiteral("您输入的顾客支付金额有误，请重新输入！"),
                            QStringLiteral("txtFactPay"));
         // A member recognised on the window is always confirmed by password.
         if (!memberName.isEmpty() && !passwordOk())
             return Refusal(QStringLiteral("您输入的会员密码不对，请重新输入！"), QStringLiteral("txtpw"),
                            Msg::Icon::Critical);
-        if (!IsNumeric(chongzhiD))
+        if (!ReadNumber(chongzhiD, Range::Money))
             return Refusal(QStringLiteral("您输入的储值卡消费金额金额有误，请重新输入！"),
                            QStringLiteral("txtChongzhiD"));
+        if (!ValFits(freePay, Range::Money))
+            return Refusal(QStringLiteral("您输入的赠券金额有误，请重新输入！"),
+                           QStringLiteral("txtFreePay"));
         if (Val(chongzhi) < Val(chongzhiD))
             return Refusal(QStringLiteral("您输入的储值卡消费金额大于储值卡剩余金额，请重新输入！"),
                            QStringLiteral("txtChongzhiD"));

@@ -411,7 +411,7 @@ void frmCloseHouse::cmdFindjzrinfo_Click() {
     clearBill();
     try {
         const Rows rows = CheckoutService().deferredBills(ui->txtjzrInfo->text());
-        if (!rows.isEmpty()) ShowList(ui->lvwPayAfter, QStringLiteral("lvwPayAfter"), rows, true);
+        if (!rows.isEmpty()) ShowListInQueryOrder(ui->lvwPayAfter, QStringLiteral("lvwPayAfter"), rows, true);
     } catch (const DbError& e) {
         showDbError(this, e, "cmdFindjzrinfo_Click");
         return;

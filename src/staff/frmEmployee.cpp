@@ -49,6 +49,7 @@ void frmEmployee::startAdd() {
     ui->optSex0->setChecked(true);
     ui->dtpEmployeeBorn->setDate(NoDate);
     ui->cmbState->setCurrentIndex(0);
+    m_storedState = 0;
     showPhoto({});
     ui->txtEmployeeCode->setFocus();
 }
@@ -72,7 +73,9 @@ bool frmEmployee::startEdit(const QString& id) {
     ui->txtFax->setText(e->fax);
     ui->txtPostCode->setText(e->postCode);
     ui->txtMovePhone->setText(e->movePhone);
-    ui->cmbState->setCurrentIndex(e->state == 1 ? 1 : 0);
+    // A state the list has no entry for shows none and is kept unless one is chosen.
+    m_storedState = e->state;
+    ui->cmbState->setCurrentIndex(e->state == 0 || e->state == 1 ? e->state : -1);
     showPhoto(s.photo(id));
     ui->txtEmployeeCode->setFocus();
     return true;
@@ -116,7 +119,7 @@ EmployeeInput frmEmployee::input() const {
     in.fax = ui->txtFax->text();
     in.postCode = ui->txtPostCode->text();
     in.movePhone = ui->txtMovePhone->text();
-    in.state = ui->cmbState->currentIndex();
+    in.state = ui->cmbState->currentIndex() >= 0 ? ui->cmbState->currentIndex() : m_storedState;
     return in;
 }
 

@@ -35,4 +35,5 @@ class frmEmployee : public QDialog {
     QString m_id;
     PhotoChange m_photo;
     bool m_saved = false;
+    int m_storedState = 0; // kept when the list has no entry for it
 };

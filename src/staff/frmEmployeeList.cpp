@@ -64,7 +64,7 @@ QString frmEmployeeList::SelectEmployee() {
 
 void frmEmployeeList::LoadData() {
     try {
-        ShowList(ui->lvwThis, ListName, EmployeeService().list(), true);
+        ShowListInQueryOrder(ui->lvwThis, ListName, EmployeeService().list(), true);
     } catch (const DbError& e) {
         Msg::critical(this, e.message(QStringLiteral("LoadData"), QStringLiteral("frmEmployeeList")));
     }

@@ -16,6 +16,9 @@ public:
     virtual QString ilike() const = 0;
     virtual bool isUniqueViolation(const DbError& e) const = 0;
     virtual bool isRetryable(const DbError& e) const = 0;
+    // A condition that holds for the first row a plain select of a table without a key
+    // returns, and for no other row.
+    virtual QString firstRowOf(const QString& table) const = 0;
     // Replaces {MONEY}, {REAL}, {BLOB} in a schema script.
     QString expand(QString script) const;
 };
@@ -30,6 +33,9 @@ public:
     QString ilike() const override { return QStringLiteral("LIKE"); }
     bool isUniqueViolation(const DbError& e) const override;
     bool isRetryable(const DbError& e) const override;
+    QString firstRowOf(const QString& table) const override {
+        return QStringLiteral("rowid = (select min(rowid) from ") + table + QLatin1Char(')');
+    }
 };
 
 class PgDialect : public Dialect {
@@ -42,4 +48,7 @@ public:
     QString ilike() const override { return QStringLiteral("ILIKE"); }
     bool isUniqueViolation(const DbError& e) const override;
     bool isRetryable(const DbError& e) const override;
+    QString firstRowOf(const QString& table) const override {
+        return QStringLiteral("ctid = (select ctid from ") + table + QStringLiteral(" limit 1)");
+    }
 };

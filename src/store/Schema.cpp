@@ -17,6 +17,7 @@ const QList<Step>& steps() {
         {2, {QStringLiteral(":/sql/002_list_columns.sql")}},
         {3, {QStringLiteral(":/sql/003_print_queue.sql")}},
         {4, {QStringLiteral(":/sql/004_card_payments.sql")}},
+        {5, {QStringLiteral(":/sql/005_corrections.sql")}},
     };
     return s;
 }

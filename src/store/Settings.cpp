@@ -27,16 +27,22 @@ bool SetSetup(const QString& name, const QString& value, Db& db) {
 
 bool IsFlagOn(const QString& value) { return Val(value) == 1.0; }
 
-void LoadSetupValue(Db& db) {
+std::optional<DbError> LoadSetupValue(Db& db) {
     AppState& a = App();
-    a.AllDiscount = Val(GetSetup(QStringLiteral("AllDiscount"), db));
-    a.LockTime = int(RoundEven(Val(GetSetup(QStringLiteral("LockTime"), db))));
-    a.IsAllDiscount = IsFlagOn(GetSetup(QStringLiteral("IsAllDiscount"), db));
-    a.IsUseWareHouse = IsFlagOn(GetSetup(QStringLiteral("IsUseWareHouse"), db));
-    a.IsDBBackup = IsFlagOn(GetSetup(QStringLiteral("IsDBBackup"), db));
-    a.IsPrintStartBill = IsFlagOn(GetSetup(QStringLiteral("printStartBill"), db));
-    a.IsPrintEndBill = IsFlagOn(GetSetup(QStringLiteral("printEndBill"), db));
-    a.IsPrintChongzhi = IsFlagOn(GetSetup(QStringLiteral("printChongzhi"), db));
+    try {
+        a.AllDiscount = Val(GetSetup(QStringLiteral("AllDiscount"), db));
+        const QString lock = GetSetup(QStringLiteral("LockTime"), db);
+        a.LockTime = ValFits(lock, Range::Int32) ? int(RoundEven(Val(lock))) : 0;
+        a.IsAllDiscount = IsFlagOn(GetSetup(QStringLiteral("IsAllDiscount"), db));
+        a.IsUseWareHouse = IsFlagOn(GetSetup(QStringLiteral("IsUseWareHouse"), db));
+        a.IsDBBackup = IsFlagOn(GetSetup(QStringLiteral("IsDBBackup"), db));
+        a.IsPrintStartBill = IsFlagOn(GetSetup(QStringLiteral("printStartBill"), db));
+        a.IsPrintEndBill = IsFlagOn(GetSetup(QStringLiteral("printEndBill"), db));
+        a.IsPrintChongzhi = IsFlagOn(GetSetup(QStringLiteral("printChongzhi"), db));
+    } catch (const DbError& e) {
+        return e;
+    }
+    return std::nullopt;
 }
 
 void LoadCompanyInfo(Db& db) {

@@ -1,4 +1,5 @@
 #include "EnterMovesOn.h"
+#include "TextLimit.h"
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QAbstractItemView>
@@ -8,6 +9,8 @@
 #include <QWidget>
 
 void EnterMovesOn::install(QWidget* form, const QList<QWidget*>& except) {
+    // The typing forms are these: their length limits count characters.
+    LimitByCharacters(form);
     auto* f = new EnterMovesOn(form);
     for (QWidget* w : form->findChildren<QWidget*>()) {
         if (except.contains(w)) continue;

@@ -7,7 +7,8 @@ class QWidget;
 // Buttons and multi-line boxes keep their own Enter.
 class EnterMovesOn : public QObject {
 public:
-    // `except` keeps its own Enter (a password box that signs in, say).
+    // `except` keeps its own Enter (a password box that signs in, say). The form's length
+    // limits are made to count characters (LimitByCharacters).
     static void install(QWidget* form, const QList<QWidget*>& except = {});
 
 protected:

@@ -48,9 +48,14 @@ double numeric(const QVariant& v) {
 
 QString valueItem(const QString& items, const QVariant& value) {
     const double v = numeric(value);
-    for (const QString& item : items.split(QLatin1Char('|')))
-        if (Val(item.left(1)) == v) return item.mid(1);
-    return {};
+    QString otherwise;
+    for (const QString& item : items.split(QLatin1Char('|'))) {
+        if (item.startsWith(QLatin1Char('*')))
+            otherwise = item.mid(1);
+        else if (Val(item.left(1)) == v)
+            return item.mid(1);
+    }
+    return otherwise;
 }
 
 QString dateText(const QString& code, const QVariant& value) {
@@ -62,6 +67,8 @@ QString dateText(const QString& code, const QVariant& value) {
     else
         when = ParseTime(plainText(value));
     if (!when.isValid()) return plainText(value);
+    // More than a letter: the rule is the format itself ("yyyy-MM-dd", "MM-dd HH:mm").
+    if (code.trimmed().size() > 1) return FormatDate(when, code.trimmed());
     const QString c = code.trimmed().toUpper();
     QString format = QStringLiteral("yyyy年MM月dd日");
     if (c == QLatin1String("B"))
@@ -114,6 +121,8 @@ QString FormatShowValue(const QString& rule, const QVariant& value) {
     if (rule.startsWith(QLatin1Char('1'))) return valueItem(r, value);
     if (rule.startsWith(QLatin1Char('2'))) return dateText(r, value);
     if (rule.startsWith(QLatin1Char('3'))) return moneyText(r, value);
+    if (rule.startsWith(QLatin1Char('4')))
+        return value.isNull() ? QString() : FormatNumber(numeric(value), r);
     return plainText(value);
 }
 
@@ -180,7 +189,9 @@ Refused SaveListColumns(const QString& name, const QList<ListColumnDef>& columns
     }
 }
 
-void ShowList(QTreeWidget* list, const QString& name, const Rows& rows, bool keyed, Db& db) {
+namespace {
+// Fills the list by its columns; false when it shows no column.
+bool fillList(QTreeWidget* list, const QString& name, const Rows& rows, bool keyed, Db& db) {
     list->clear();
     QList<ListColumnDef> columns = LoadListColumns(name, db);
     if (columns.isEmpty()) {
@@ -204,7 +215,7 @@ void ShowList(QTreeWidget* list, const QString& name, const Rows& rows, bool key
     for (int i = 0; i < shown.size(); ++i)
         list->header()->resizeSection(
             i, int(std::lround(std::max(0, shown[i].colWidth) / double(TwipsPerPixel))));
-    if (shown.isEmpty()) return;
+    if (shown.isEmpty()) return false;
 
     // Where each shown column reads its value; -1 for a field the record set lacks.
     QList<int> source;
@@ -228,7 +239,18 @@ void ShowList(QTreeWidget* list, const QString& name, const Rows& rows, bool key
         items.append(item);
     }
     list->addTopLevelItems(items);
-    SortListBy(list, 0, Qt::AscendingOrder);
+    return true;
+}
+} // namespace
+
+void ShowList(QTreeWidget* list, const QString& name, const Rows& rows, bool keyed, Db& db) {
+    if (fillList(list, name, rows, keyed, db)) SortListBy(list, 0, Qt::AscendingOrder);
+}
+
+void ShowListInQueryOrder(QTreeWidget* list, const QString& name, const Rows& rows, bool keyed, Db& db) {
+    list->setSortingEnabled(false);
+    fillList(list, name, rows, keyed, db);
+    ClearListSort(list);
 }
 
 int ListColumn(const QTreeWidget* list, const QString& colname) {

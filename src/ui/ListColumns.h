@@ -37,12 +37,13 @@ Refused SaveListColumns(const QString& name, const QList<ListColumnDef>& columns
 // A value as the column's display rule shows it. The rule is a type digit, a separator,
 // and the rule itself from the third place on:
 //   1  value list "0现结|1免单|2挂帐": the item whose first character has the value's
-//      numeric value; no such item shows nothing.
+//      numeric value; an item "*text" stands for any other value; else nothing shows.
 //   2  date by letter: A "yyyy年MM月dd日", B "MM月dd日", C "dd日", H "yyyy年MM月dd日 hh:mm",
-//      I "yy年MM月dd日 hh:mm", J "dd日 hh:mm"; any other letter acts as A. A text that is
-//      no date stays as it is.
+//      I "yy年MM月dd日 hh:mm", J "dd日 hh:mm"; any other letter acts as A; a longer rule
+//      is the date format itself ("yyyy-MM-dd"). A text that is no date stays as it is.
 //   3  money: the field holds 1/10000 yuan; the rule is a number format such as "0.00",
 //      "0", "￥0.00" or "#,##0.00" (a comma groups thousands); empty means "0.00".
+//   4  a plain number in a number format such as "0" or "0.00".
 // An empty rule or another type shows the value as text.
 QString FormatShowValue(const QString& rule, const QVariant& value);
 
@@ -53,6 +54,10 @@ QString FormatShowValue(const QString& rule, const QVariant& value);
 // shown column. The list ends sorted ascending by its first column. Throws DbError; the
 // caller reports it as the error of its own procedure.
 void ShowList(QTreeWidget* list, const QString& name, const Rows& rows, bool keyed, Db& db = DB());
+// The same for a list whose query gives its order (by time, by name): the rows stay in that
+// order, with no sort indicator, until the user clicks a header.
+void ShowListInQueryOrder(QTreeWidget* list, const QString& name, const Rows& rows, bool keyed,
+                          Db& db = DB());
 
 // The index of the shown column of `colname` in a list filled by ShowList, or -1.
 int ListColumn(const QTreeWidget* list, const QString& colname);

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QHeaderView>
+#include <QMenu>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QTreeWidget>
@@ -163,4 +164,16 @@ QString ExportText(QTreeWidget* list) {
     if (!Desktop::startTextEditor(path))
         Msg::warn(list->window(), QStringLiteral("没有找到可用的文本编辑器程序！\n") + savedAt(path));
     return path;
+}
+
+QMenu* ExportMenu(QWidget* parent, QTreeWidget* list) {
+    auto* menu = new QMenu(parent);
+    menu->setObjectName(QStringLiteral("mnuExport"));
+    QAction* excel = menu->addAction(QStringLiteral("导出到Excel"));
+    excel->setObjectName(QStringLiteral("mnuExportExcel"));
+    QAction* text = menu->addAction(QStringLiteral("导出到文本文件"));
+    text->setObjectName(QStringLiteral("mnuExportTxt"));
+    QObject::connect(excel, &QAction::triggered, list, [list] { ExportExcel(list); });
+    QObject::connect(text, &QAction::triggered, list, [list] { ExportText(list); });
+    return menu;
 }

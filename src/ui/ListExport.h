@@ -1,7 +1,9 @@
 #pragma once
 #include <QString>
 
+class QMenu;
 class QTreeWidget;
+class QWidget;
 
 // Export of a list as it is shown: its shown columns in their on-screen order, the header
 // texts, then one line per item. A hidden column is left out; a column of width 0 is kept.
@@ -24,3 +26,7 @@ QString ExportExcel(QTreeWidget* list);
 
 // Writes Export/Temp.txt and opens it in a text editor. Returns the file, or empty.
 QString ExportText(QTreeWidget* list);
+
+// The export menu of a list, mnuExport with mnuExportExcel and mnuExportTxt, owned by
+// `parent`. An export button pops it up.
+QMenu* ExportMenu(QWidget* parent, QTreeWidget* list);

@@ -17,6 +17,12 @@ void SortListBy(QTreeWidget* list, int column, Qt::SortOrder order) {
     list->setProperty(SortOrder, int(order));
 }
 
+void ClearListSort(QTreeWidget* list) {
+    list->header()->setSortIndicatorShown(false);
+    list->setProperty(SortColumn, QVariant());
+    list->setProperty(SortOrder, QVariant());
+}
+
 void SortList(QTreeWidget* list, int column) {
     if (column < 0 || column >= list->columnCount()) return;
     const QVariant current = list->property(SortColumn);

@@ -10,5 +10,8 @@ void SortList(QTreeWidget* list, int column);
 // Sorts a list by a column in an order and shows that on the header.
 void SortListBy(QTreeWidget* list, int column, Qt::SortOrder order);
 
+// Forgets the sort of a list: no indicator, and the next click sorts ascending.
+void ClearListSort(QTreeWidget* list);
+
 // Makes the headers of a list clickable and sorts the list on each click.
 void SortListOnHeaderClick(QTreeWidget* list);

@@ -139,7 +139,7 @@ class TestOrderEntry : public QObject {
         columns<double, double, bool>("afterOrder", "afterVoid", "allowed");
         const QString printed = u"update Expense set Other2='1'"_s;
         QTest::newRow("stock back") << true << "2" << false << "0" << "" << 8.0 << 10.0 << true;
-        QTest::newRow("stored 1.5 back") << true << "1.5" << false << "0" << "" << 8.5 << 10.0 << true;
+        QTest::newRow("1.5 shown as 2 gives 2 back") << true << "1.5" << false << "0" << "" << 8.5 << 10.5 << true;
         QTest::newRow("return undone") << true << "-1" << false << "0" << "" << 11.0 << 10.0 << true;
         QTest::newRow("gift takes and gives") << true << "1" << true << "0" << "" << 9.0 << 10.0 << true;
         QTest::newRow("no floor below 0") << true << "12" << false << "0" << "" << -2.0 << 10.0 << true;

@@ -267,6 +267,8 @@ class TestPrinting : public QObject {
         venue();
         setup("IsHC", u"1"_s);
         setup("IsBT", u"1"_s);
+        setup("PrinterHC", u"PDF:"_s);
+        setup("PrinterBT", u"PDF:"_s);
         SetIni(u"BTNum"_s, u"1"_s);
         std::optional<Receipt> r;
         if (fixture.startsWith(u"DREndExpense"_s)) {
@@ -348,7 +350,7 @@ class TestPrinting : public QObject {
     }
     void billChoice_data() { // clang-format off
         columns<QString, double, QString, bool, QString, QString, int>("room", "theMoney", "category", "allVoid", "design", "payLevel", "lines");
-        QTest::newRow("settled charge 0 keeps the line, empty") << "r1" << 0.0 << "0" << false << "DREndExpense" << "" << 3;
+        QTest::newRow("settled charge 0 keeps the caption") << "r1" << 0.0 << "0" << false << "DREndExpense" << "0.00" << 3;
         QTest::newRow("brief is any other value") << "r1" << 180.0 << "-1" << false << "DREndExpense_c" << "180.00" << 3;
         QTest::newRow("no category is detailed") << "r2" << 0.0 << "" << false << "DREndExpenseNoHouse" << "" << 3;
         QTest::newRow("all lines voided") << "r1" << 180.0 << "1" << true << "DREndExpense_c" << "180.00" << 0; // clang-format on
