@@ -24,6 +24,8 @@ class frmCloseHouse : public QDialog {
     bool DoPayAfter();
     // The room of the last bill closed here.
     QString closedTheID() const { return m_closedTheID; }
+    // What the last close did, for the main window's status line: "A05 已结帐 找零 ￥5.00".
+    QString closedSummary() const { return m_closedSummary; }
 
     // The halves of Edit and DoPayAfter around the modal loop.
     void prepare(const QString& expenseID, bool payAfter);
@@ -65,4 +67,5 @@ class frmCloseHouse : public QDialog {
     bool m_loadedDeferred = false; // the bill on the window is a deferred one
     QDateTime m_closeTag;          // the closing time as the window opened it
     QString m_closedTheID;
+    QString m_closedSummary;
 };
