@@ -40,8 +40,11 @@ public:
     bool isWired(const QString& name) const { return m_handlers.contains(name); }
     // Runs a menu command as its menu item would: its right first, then its action.
     void runCommand(const QString& name);
+    // What the last action did, on the status bar until the next action.
+    void announce(const QString& text);
+    QString announced() const;
 
-private:
+  private:
     void buildMenus();
     void buildToolbar();
     void buildStatusBar();
@@ -52,6 +55,7 @@ private:
     void wireBoard();
     void applyRoomState(const QString& statusKey);
     void OpenRoom();
+    void AddExpense(const QString& theID, const QString& tag);
     void HouseStop();
     void HouseResume();
     void ChangeRoom();
@@ -69,6 +73,7 @@ private:
     QToolBar* m_tbrMain = nullptr;
     QLabel* m_sbAppName = nullptr;
     QLabel* m_sbOperator = nullptr;
+    QLabel* m_sbAction = nullptr;
     QLineEdit* m_txtTime = nullptr;
     QTimer* m_tmRefurbish = nullptr;
     QDockWidget* m_helpDock = nullptr;

@@ -226,11 +226,11 @@ void TestBoard::finder_keys() {
     QCOMPARE(find->text(), QStringLiteral("a03")); // Enter keeps the text and goes to the list
     QCOMPARE(info->text(), QString());
 
-    // Another tab's room is not found.
-    find->setText(QStringLiteral("B01"));
+    // A room that is nowhere is not found.
+    find->setText(QStringLiteral("C01"));
     QTest::keyClick(find, Qt::Key_Return);
     QCOMPARE(info->text(), QStringLiteral("当前的包厢列表中没找到此包厢！"));
-    QCOMPARE(find->selectedText(), QStringLiteral("B01"));
+    QCOMPARE(find->selectedText(), QStringLiteral("C01"));
     QCOMPARE(b->selectedTheID(), QStringLiteral("r3"));
 
     // "o" opens the found room; the key itself is not typed.
@@ -283,6 +283,7 @@ void TestBoard::stop_and_resume() {
 
     // Another workstation resumed and opened it meanwhile: refused, the board catches up.
     DB().exec(QStringLiteral("update The set State=1, ExpenseID='x' where TheID='r2'"));
+    messages(); // the question before stopping
     w.action(QStringLiteral("mnuHouseResume"))->trigger();
     QCOMPARE(messages(), QStringList{QStringLiteral("这个包厢的状态已被其它收银台改变，请刷新后再试！")});
     QCOMPARE(codes(b), QStringLiteral("A01:空闲 A02:使用 A03:空闲"));
