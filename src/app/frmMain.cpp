@@ -8,17 +8,17 @@
 #include "MainCommands.h"
 #include "MessageBox.h"
 #include "Puissance.h"
+#include "RoomBoard.h"
 #include "Settings.h"
 #include "Val.h"
 #include "frmAbout.h"
-#include "frmLogin.h"
-#include "frmOption.h"
-#include "frmEmployeeList.h"
 #include "frmChangePw.h"
 #include "frmChongzhiList.h"
+#include "frmEmployeeList.h"
+#include "frmLogin.h"
 #include "frmMemberList.h"
+#include "frmOption.h"
 #include "frmSetupMember.h"
-#include "RoomBoard.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -29,6 +29,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPrinterInfo>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -362,3 +363,10 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::changeEvent(QEvent* event) { QMainWindow::changeEvent(event); }
+
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // A short screen (a small one, or a scaled one) keeps its height for the rooms.
+    if (const QScreen* s = screen())
+        m_tbrMain->setIconSize(s->availableGeometry().height() < 700 ? QSize(22, 22) : QSize(32, 32));
+}

@@ -64,6 +64,7 @@ public:
     void PayAfter();
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
     std::unique_ptr<Ui::frmMain> ui;
     QHash<QString, QAction*> m_actions;

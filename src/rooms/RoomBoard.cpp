@@ -3,6 +3,7 @@
 #include "ExpenseLines.h"
 #include "Format.h"
 #include "NewID.h"
+#include "ScreenFit.h"
 #include "StatusArt.h"
 #include <QButtonGroup>
 #include <QFormLayout>
@@ -16,6 +17,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -259,7 +261,7 @@ void RoomBoard::buildUi() {
             sel->select(now, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     });
 
-    auto* right = new QWidget(split);
+    auto* right = new QWidget(this);
     auto* rightLay = new QVBoxLayout(right);
     rightLay->setContentsMargins(4, 0, 0, 0);
     auto* box = new QGroupBox(QStringLiteral("包厢消费信息"), right);
@@ -316,10 +318,12 @@ void RoomBoard::buildUi() {
     rightLay->addWidget(detailBox, 1);
 
     split->addWidget(m_stack);
-    split->addWidget(right);
+    // On a short screen the panel scrolls rather than squeezing its lines into one another.
+    QScrollArea* rightScroll = ScreenFit::scrollable(right, split);
+    rightScroll->setMinimumWidth(qMax(rightScroll->minimumWidth(), 320));
+    split->addWidget(rightScroll);
     split->setStretchFactor(0, 3);
     split->setStretchFactor(1, 2);
-    right->setMinimumWidth(320);
     showPanel({});
 }
 
@@ -505,12 +509,15 @@ QSize RoomBoard::tileSize() const {
 // The tiles fill the width of the board: on a wider board they grow (larger numbers, seen
 // from across the counter) until half as large again, then more of them fit in a row.
 void RoomBoard::fitTiles() {
-    const int width = m_icons->viewport()->width() - 2;
+    // Room for a scroll bar that may come, so the row does not wrap early.
+    const int width =
+        m_icons->viewport()->width() - m_icons->style()->pixelMetric(QStyle::PM_ScrollBarExtent) - 4;
     if (width <= 0) return;
     const int minWidth = BaseTile.width();
     int cols = qMax(1, width / minWidth);
     if (width / double(cols) > minWidth * MaxTileScale) ++cols;
-    const int tileW = qMax(minWidth, width / cols);
+    // A narrow board (a small or scaled screen) keeps the smallest tiles: more rooms in sight.
+    const int tileW = cols < 4 ? minWidth : qMax(minWidth, width / cols - 1);
     const double scale = qBound(1.0, double(tileW) / minWidth, MaxTileScale);
     const QSize tile(tileW, int(BaseTile.height() * scale));
     auto* d = static_cast<RoomTileDelegate*>(m_tiles);

@@ -28,7 +28,9 @@ void fitWindow(QWidget* window, const QSize& preferred) {
     if (!screen) return;
     const QRect avail = screen->availableGeometry();
     const QSize room = ScreenFit::room(window);
-    const QSize want = (preferred.isValid() ? preferred : window->size()).boundedTo(room);
+    // The preferred size, or what the layout asks for where that is more, as far as it fits.
+    const QSize want =
+        (preferred.isValid() ? preferred.expandedTo(window->sizeHint()) : window->size()).boundedTo(room);
     window->resize(want.expandedTo(window->minimumSizeHint().boundedTo(room)));
     // Inside the screen, frame included; over the middle of the parent where it has one.
     const QSize frame = (window->frameGeometry().size() - window->geometry().size()).expandedTo(LeastFrame);
@@ -100,7 +102,8 @@ QScrollArea* scrollable(QWidget* content, QWidget* parent) {
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(content);
     // As tall as its content where there is room, and it gives way first where there is not.
-    area->setMinimumHeight(0);
+    // At least a line of boxes, however little room there is.
+    area->setMinimumHeight(area->fontMetrics().height() * 2);
     // Only up and down: never narrower than the content with room for the scroll bar.
     area->setMinimumWidth(content->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
     area->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);

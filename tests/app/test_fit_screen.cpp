@@ -18,6 +18,7 @@
 #include "frmMemberList.h"
 #include "frmOpenHouse.h"
 #include <QApplication>
+#include <QFontDatabase>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
@@ -171,6 +172,9 @@ int main(int argc, char** argv) {
     config.close();
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + config.fileName().toLocal8Bit());
     QApplication app(argc, argv);
+    // The program's own font, taller than the platform's plain one.
+    if (QFontDatabase::hasFamily(QStringLiteral("Noto Sans CJK SC")))
+        QApplication::setFont(QFont(QStringLiteral("Noto Sans CJK SC"), 10));
     InstallFocusStyle();
     ScreenFit::installForAllWindows();
     TestFitScreen test;
