@@ -151,6 +151,11 @@ int main(int argc, char** argv) {
     frmOpenHouse open(&main);
     open.prepare(roomID("B02"));
     save(&open, QStringLiteral("open"));
+    // The keyboard focus on a check box, then on a button.
+    for (const char* name : {"chkUseMinMoney", "cmdExpense"}) {
+        if (auto* w = open.findChild<QWidget*>(QLatin1String(name))) w->setFocus(Qt::TabFocusReason);
+        save(&open, QStringLiteral("open-focus-") + QLatin1String(name));
+    }
     open.hide();
     for (const Msg::Shown& m : Msg::taken())
         std::fprintf(stderr, "said: %s\n", qPrintable(m.text));

@@ -76,6 +76,7 @@ class TestBoardSelect : public QObject {
     void open_under_filter_and_refresh_data();
     void open_under_filter_and_refresh();
     void finder_and_tab_keys();
+    void checkout_and_merge_answer();
     void calculator_of_the_desktop();
 };
 
@@ -198,7 +199,7 @@ void TestBoardSelect::finder_and_tab_keys() {
     QCOMPARE(panelHouse(w), QStringLiteral("中包 B01"));
     openElsewhere(QStringLiteral("r3"));
     child<QPushButton>(&w, "cmdShowNoUse")->click();
-    b->findBox()->setText(QStringLiteral("a03"));
+    b->findBox()->setText(QStringLiteral("A03"));
     QTest::keyClick(b->findBox(), Qt::Key_Return);
     QCOMPARE(b->selectedTheID(), QStringLiteral("r3"));
     QCOMPARE(b->selectedStatus(), QStringLiteral("Use"));
@@ -213,6 +214,44 @@ void TestBoardSelect::finder_and_tab_keys() {
     QCOMPARE(panelHouse(w), QStringLiteral("中包 B01"));
     QTest::keyClick(b->currentView(), Qt::Key_PageDown, Qt::ControlModifier);
     QCOMPARE(tabs->currentIndex(), 0);
+}
+
+// The status line says what the checkout and the merge did; merging asks first.
+void TestBoardSelect::checkout_and_merge_answer() {
+    TestVenue v;
+    OPEN_VENUE(v);
+    addRooms();
+    openElsewhere(QStringLiteral("r1"));
+    openElsewhere(QStringLiteral("r2"));
+    openElsewhere(QStringLiteral("r3"));
+    frmMain w;
+    w.Init();
+    QVERIFY(w.board()->selectRoom(QStringLiteral("r2")));
+    QString change;
+    onModal(QStringLiteral("frmCloseHouse"), [&](QDialog* d) {
+        auto* cash = child<QLineEdit>(d, "txtFactPay");
+        cash->setText(QStringLiteral("1000"));
+        Q_EMIT cash->textEdited(cash->text());
+        change = Money::fromText(child<QLineEdit>(d, "txtTemp")->text()).toYuan();
+        child<QPushButton>(d, "OKButton")->click();
+    });
+    w.action(QStringLiteral("mnuOpEnd"))->trigger();
+    QCOMPARE(w.announced(), QStringLiteral("A02 已结帐 找零 ") + change);
+
+    onModal(QStringLiteral("frmExpenseAmalgamate"), [](QDialog* d) {
+        child<QLineEdit>(d, "txt1")->setText(QStringLiteral("A03"));
+        child<QLineEdit>(d, "txt2")->setText(QStringLiteral("A01"));
+        Msg::setNextAnswer(QMessageBox::Cancel);
+        child<QPushButton>(d, "OKButton")->click();
+        QVERIFY(d->isVisible()); // not merged: the cashier thought again
+        child<QPushButton>(d, "OKButton")->click();
+    });
+    w.action(QStringLiteral("mnuExpenseAmalgamate"))->trigger();
+    const QStringList said = messages();
+    QCOMPARE(said,
+             QStringList(2, QStringLiteral("并台后不能撤销。确定要把包厢 A03 的消费并入包厢 A01 吗？")));
+    QCOMPARE(w.announced(), QStringLiteral("已并台：A03 并入 A01"));
+    QCOMPARE(DB().scalar(QStringLiteral("select State from The where TheID='r3'")).toInt(), 0);
 }
 
 // Without the test seam: a calculator found on the path is started; none, the message.
