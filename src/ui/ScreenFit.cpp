@@ -99,6 +99,7 @@ QScrollArea* scrollable(QWidget* content, QWidget* parent) {
     area->setObjectName(content->objectName() + QStringLiteral("Scroll"));
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus); // Tab and Enter go from box to box, not to the frame
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(content);
     // As tall as its content where there is room, and it gives way first where there is not.
