@@ -10,6 +10,7 @@
 #include "TestVenue.h"
 #include "frmChongzhi.h"
 #include "frmCloseHouse.h"
+#include "frmEmployee.h"
 #include "frmExpenseAmalgamate.h"
 #include "frmExpenseDetail.h"
 #include "frmHouseChange.h"
@@ -17,6 +18,9 @@
 #include "frmMember.h"
 #include "frmMemberList.h"
 #include "frmOpenHouse.h"
+#include "frmOption.h"
+#include "frmPayLevel.h"
+#include "frmWare.h"
 #include <QApplication>
 #include <QFontDatabase>
 #include <QScreen>
@@ -84,6 +88,12 @@ void TestFitScreen::windows_fit_data() {
     QTest::newRow("top-up") << "frmChongzhi" << ok;
     QTest::newRow("member") << "frmMember" << ok;
     QTest::newRow("members") << "frmMemberList" << QStringList{QStringLiteral("cmdClose")};
+    // The manager's windows as well.
+    const QStringList cmdOK{QStringLiteral("cmdOK")};
+    QTest::newRow("options") << "frmOption" << QStringList{QStringLiteral("cmdClose")};
+    QTest::newRow("tariff") << "frmPayLevel" << cmdOK;
+    QTest::newRow("goods") << "frmWare" << cmdOK;
+    QTest::newRow("employee") << "frmEmployee" << cmdOK;
 }
 
 void TestFitScreen::windows_fit() {
@@ -130,6 +140,21 @@ void TestFitScreen::windows_fit() {
             w.reset(d);
         } else if (window == QLatin1String("frmMember")) {
             auto* d = new frmMember(&main);
+            d->startAdd();
+            w.reset(d);
+        } else if (window == QLatin1String("frmOption")) {
+            auto* d = new frmOption(&main);
+            w.reset(d);
+        } else if (window == QLatin1String("frmPayLevel")) {
+            auto* d = new frmPayLevel(&main);
+            d->prepare(QStringLiteral("00000000000000001"));
+            w.reset(d);
+        } else if (window == QLatin1String("frmWare")) {
+            auto* d = new frmWare(&main);
+            d->startAdd();
+            w.reset(d);
+        } else if (window == QLatin1String("frmEmployee")) {
+            auto* d = new frmEmployee(&main);
             d->startAdd();
             w.reset(d);
         } else {
