@@ -13,6 +13,7 @@
 #include "Puissance.h"
 #include "RefusalShow.h"
 #include "RoomService.h"
+#include "ScreenFit.h"
 #include "Settings.h"
 #include "Val.h"
 #include "WareLevel.h"
@@ -57,6 +58,8 @@ const QString WareListName = QStringLiteral("frmOption.lvwWare");
 
 frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmOption>()) {
     ui->setupUi(this);
+    // A small or scaled screen scrolls the settings; the buttons stay in sight.
+    ScreenFit::scrollItems(ui->layMain, 0, ui->layMain->count() - 1, QStringLiteral("fraOptionBody"));
     resize(980, 600);
     // Printing, company and other settings come first; their page saves and closes the window.
     auto* printPage = new OptionPrintPage(this);

@@ -80,13 +80,8 @@ void frmMain::wireBoard() {
     wire(QStringLiteral("mnuReprintExpense"), [this] { ReprintRoomBill(this, m_board->selectedTheID()); });
     wire(QStringLiteral("mnuPrintQueue"), [this] { frmPrintQueue::ShowMe(this); });
     // Ordering into the selected room's bill; the panel shows the new lines afterwards.
-    wire(QStringLiteral("mnuOpExpense"), [this] {
-        const QString tag = m_board->selectedTag();
-        if (tag.isEmpty()) return;
-        frmExpenseDetail dlg(this);
-        dlg.Add(tag);
-        m_board->ShowSelected();
-    });
+    wire(QStringLiteral("mnuOpExpense"),
+         [this] { AddExpense(m_board->selectedTheID(), m_board->selectedTag()); });
     wire(QStringLiteral("tbrEXPENSE"), [this] { runCommand(QStringLiteral("mnuOpExpense")); });
 }
 
@@ -103,58 +98,80 @@ void frmMain::applyRoomState(const QString& status) {
     }
 }
 
+// Every command takes its room when it starts: a refresh while its dialog is open may move
+// the board's selection, and what the dialog did still belongs to the room it was opened for.
 void frmMain::OpenRoom() {
     const QString theID = m_board->selectedTheID();
     if (theID.isEmpty()) return;
+    const QString code = m_board->codeOf(theID);
     frmOpenHouse dlg(this);
     const QString key = dlg.Add(theID);
     if (key.isEmpty()) return;
-    m_board->setSelectedState(QStringLiteral("Use"), QStringLiteral("使用"), key);
+    m_board->setRoomState(theID, QStringLiteral("Use"), QStringLiteral("使用"), key);
+    announce(code + QStringLiteral(" 已开单"));
     // Straight on to ordering; the right was asked in the dialog.
-    if (dlg.wantsExpense())
-        if (auto h = m_handlers.value(QStringLiteral("mnuOpExpense"))) h();
+    if (dlg.wantsExpense()) AddExpense(theID, key);
+}
+
+void frmMain::AddExpense(const QString& theID, const QString& tag) {
+    if (tag.isEmpty()) return;
+    frmExpenseDetail dlg(this);
+    dlg.Add(tag);
+    if (!dlg.summary().isEmpty()) announce(dlg.summary());
+    // The panel shows the new lines when the room is still the one shown.
+    if (m_board->selectedTheID() == theID) m_board->ShowSelected();
 }
 
 void frmMain::HouseStop() {
     const QString theID = m_board->selectedTheID();
     if (theID.isEmpty()) return;
+    const QString code = m_board->codeOf(theID);
+    if (!Msg::confirm(this, QStringLiteral("确定要暂停使用包厢 %1 吗？").arg(code), QMessageBox::Ok)) return;
     if (const Refused r = RoomService().HouseStop(theID)) {
         ShowRefusal(this, *r);
         m_board->LoadRoomList();
         return;
     }
-    m_board->setSelectedState(QStringLiteral("Stop"), QStringLiteral("停用"), QString());
+    m_board->setRoomState(theID, QStringLiteral("Stop"), QStringLiteral("停用"), QString());
+    announce(code + QStringLiteral(" 已暂停使用"));
 }
 
 void frmMain::HouseResume() {
     const QString theID = m_board->selectedTheID();
     if (theID.isEmpty()) return;
+    const QString code = m_board->codeOf(theID);
     if (const Refused r = RoomService().HouseResume(theID)) {
         ShowRefusal(this, *r);
         m_board->LoadRoomList();
         return;
     }
-    m_board->setSelectedState(QStringLiteral("Common"), QStringLiteral("空闲"), QString());
+    m_board->setRoomState(theID, QStringLiteral("Common"), QStringLiteral("空闲"), QString());
+    announce(code + QStringLiteral(" 已恢复使用"));
 }
 
 void frmMain::ChangeRoom() {
     const QString tag = m_board->selectedTag();
     if (tag.isEmpty()) return;
     frmHouseChange dlg(this);
-    if (dlg.Edit(tag)) m_board->LoadRoomList();
+    if (!dlg.Edit(tag)) return;
+    m_board->LoadRoomList();
+    announce(dlg.summary());
 }
 
 void frmMain::MergeBills() {
     frmExpenseAmalgamate dlg(this);
-    if (dlg.Add()) m_board->LoadRoomList();
+    if (!dlg.Add()) return;
+    m_board->LoadRoomList();
+    announce(dlg.summary());
 }
 
 void frmMain::CloseRoom() {
     const QString tag = m_board->selectedTag();
+    const QString theID = m_board->selectedTheID();
     if (tag.isEmpty() || m_board->selectedStatus() != QLatin1String("Use")) return;
     frmCloseHouse dlg(this);
     const bool saved = dlg.Edit(tag);
-    const QString theID = m_board->selectedTheID();
+    if (saved) announce(dlg.closedSummary());
     if (!saved || dlg.closedTheID() != theID) {
         m_board->LoadRoomList();
         return;
@@ -168,12 +185,14 @@ void frmMain::CloseRoom() {
         return;
     }
     if (!room.isEmpty() && room.first().integer(QStringLiteral("State")) == 4)
-        m_board->setSelectedState(QStringLiteral("Lock"), QStringLiteral("锁定"), QString());
+        m_board->setRoomState(theID, QStringLiteral("Lock"), QStringLiteral("锁定"), QString());
     else
-        m_board->setSelectedState(QStringLiteral("Common"), QStringLiteral("空闲"), QString());
+        m_board->setRoomState(theID, QStringLiteral("Common"), QStringLiteral("空闲"), QString());
 }
 
 void frmMain::PayAfter() {
     frmCloseHouse dlg(this);
-    if (dlg.DoPayAfter()) m_board->LoadRoomList();
+    if (!dlg.DoPayAfter()) return;
+    m_board->LoadRoomList();
+    announce(dlg.closedSummary());
 }

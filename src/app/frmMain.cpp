@@ -8,17 +8,17 @@
 #include "MainCommands.h"
 #include "MessageBox.h"
 #include "Puissance.h"
+#include "RoomBoard.h"
 #include "Settings.h"
 #include "Val.h"
 #include "frmAbout.h"
-#include "frmLogin.h"
-#include "frmOption.h"
-#include "frmEmployeeList.h"
 #include "frmChangePw.h"
 #include "frmChongzhiList.h"
+#include "frmEmployeeList.h"
+#include "frmLogin.h"
 #include "frmMemberList.h"
+#include "frmOption.h"
 #include "frmSetupMember.h"
-#include "RoomBoard.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -29,6 +29,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPrinterInfo>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -74,9 +75,9 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         m_helpDock->setVisible(App().IsDynamicHelp);
         if (App().IsDynamicHelp) showHelpFor(QApplication::focusWidget());
     });
-    wire(QStringLiteral("mnuOtherToolsCalc"), [] {
-        if (!Desktop::startCalculator())
-            Msg::warn(nullptr, Desktop::calculatorMissingText());
+    // The desktop's calculator; the message only when there is none.
+    wire(QStringLiteral("mnuOtherToolsCalc"), [this] {
+        if (!Desktop::startCalculator()) Msg::warn(this, Desktop::calculatorMissingText());
     });
     wire(QStringLiteral("mnuOtherToolsNotepad"), [] {
         if (!Desktop::startTextEditor()) Msg::warn(nullptr, QStringLiteral("没有找到可用的文本编辑器程序！"));
@@ -140,7 +141,18 @@ void frmMain::runCommand(const QString& name) {
     const auto it = std::find_if(MenuCommands().begin(), MenuCommands().end(),
                                  [&](const MenuCommand& c) { return c.name == name; });
     if (it != MenuCommands().end() && !it->right.isEmpty() && !CheckPuissance(it->right)) return;
-    if (auto h = m_handlers.value(name)) h();
+    if (auto h = m_handlers.value(name)) {
+        announce(QString()); // the last answer stands until the next action
+        h();
+    }
+}
+
+void frmMain::announce(const QString& text) {
+    m_sbAction->setText(text);
+}
+
+QString frmMain::announced() const {
+    return m_sbAction->text();
 }
 
 void frmMain::buildMenus() {
@@ -197,6 +209,13 @@ void frmMain::buildStatusBar() {
     m_sbAppName->setObjectName(QStringLiteral("AppName"));
     m_sbOperator = new QLabel(this);
     m_sbOperator->setObjectName(QStringLiteral("OperatorName"));
+    m_sbAction = new QLabel(this);
+    m_sbAction->setObjectName(QStringLiteral("sbAction"));
+    QFont bold = m_sbAction->font();
+    bold.setBold(true);
+    m_sbAction->setFont(bold);
+    m_sbAction->setStyleSheet(QStringLiteral("color:#1b5e20"));
+    ui->SB->addWidget(m_sbAction, 2);
     ui->SB->addWidget(m_sbAppName, 1);
     ui->SB->addPermanentWidget(m_sbOperator);
 }
@@ -367,3 +386,10 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::changeEvent(QEvent* event) { QMainWindow::changeEvent(event); }
+
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // A short screen (a small one, or a scaled one) keeps its height for the rooms.
+    if (const QScreen* s = screen())
+        m_tbrMain->setIconSize(s->availableGeometry().height() < 700 ? QSize(22, 22) : QSize(32, 32));
+}

@@ -42,8 +42,11 @@ public:
     bool isWired(const QString& name) const { return m_handlers.contains(name); }
     // Runs a menu command as its menu item would: its right first, then its action.
     void runCommand(const QString& name);
+    // What the last action did, on the status bar until the next action.
+    void announce(const QString& text);
+    QString announced() const;
 
-private:
+  private:
     void buildMenus();
     void buildToolbar();
     void buildStatusBar();
@@ -54,6 +57,7 @@ private:
     void wireBoard();
     void applyRoomState(const QString& statusKey);
     void OpenRoom();
+    void AddExpense(const QString& theID, const QString& tag);
     void HouseStop();
     void HouseResume();
     void ChangeRoom();
@@ -62,6 +66,7 @@ private:
     void PayAfter();
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
     std::unique_ptr<Ui::frmMain> ui;
     QHash<QString, QAction*> m_actions;
@@ -71,6 +76,7 @@ private:
     QToolBar* m_tbrMain = nullptr;
     QLabel* m_sbAppName = nullptr;
     QLabel* m_sbOperator = nullptr;
+    QLabel* m_sbAction = nullptr;
     QLineEdit* m_txtTime = nullptr;
     QTimer* m_tmRefurbish = nullptr;
     QDockWidget* m_helpDock = nullptr;

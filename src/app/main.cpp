@@ -2,10 +2,12 @@
 #include "AppState.h"
 #include "Db.h"
 #include "Demo.h"
+#include "FocusStyle.h"
 #include "GuardedApplication.h"
 #include "MessageBox.h"
 #include "PrintUi.h"
 #include "Schema.h"
+#include "ScreenFit.h"
 #include "Venue.h"
 #include "frmLogin.h"
 #include "frmMain.h"
@@ -84,6 +86,8 @@ int main(int argc, char* argv[]) {
     if (o.demo && initVenue(dir, true) != 0) return 1;
 
     chooseFont();
+    InstallFocusStyle();
+    ScreenFit::installForAllWindows();
     try {
         Venue::prepare(dir);
         AppInit(dir);
@@ -103,7 +107,7 @@ int main(int argc, char* argv[]) {
     if (login.exec() != QDialog::Accepted) return 0;
     frmMain main;
     app.setOnError([&main] { main.SaveMemo(); });
-    main.show();
+    main.showMaximized(); // the till takes the whole screen, whatever its size
     main.Init();
     main.refreshOperatorPanel();
     const int rc = QApplication::exec();

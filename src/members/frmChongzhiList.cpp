@@ -78,7 +78,8 @@ void frmChongzhiList::cmdFind_Click() {
 void frmChongzhiList::cmdChongzhi_Click() {
     if (!CheckPuissance(QStringLiteral("C015"))) return;
     frmChongzhi dlg(this);
-    dlg.Add();
+    // The new top-up shows in the list at once.
+    if (dlg.Add()) cmdFind_Click();
 }
 
 void frmChongzhiList::Command1_Click() {

@@ -3,6 +3,7 @@
 #include "EnterMovesOn.h"
 #include "MemberClassService.h"
 #include "RefusalShow.h"
+#include "ScreenFit.h"
 #include "ui_frmMember.h"
 #include <QBuffer>
 #include <QClipboard>
@@ -14,6 +15,8 @@
 
 frmMember::frmMember(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmMember>()) {
     ui->setupUi(this);
+    // A small or scaled screen scrolls the details; the buttons stay in sight.
+    ScreenFit::scrollItems(ui->layMain, 0, ui->layMain->count() - 1, QStringLiteral("fraMemberBody"));
     EnterMovesOn::install(this);
     // Qt's date boxes have no empty state: the tick beside the birthday stands for it.
     connect(ui->chkBirthday, &QCheckBox::toggled, ui->dtpBirthday, &QWidget::setEnabled);

@@ -74,6 +74,8 @@ void frmMemberList::prepare(bool picking) {
     ui->fraSelect->setVisible(picking);
     for (QTreeWidget* list : {ui->lvwThis, ui->lvwChongzhi, ui->lvwExpense})
         list->clear();
+    // The members at once; the boxes narrow them down.
+    LoadMemberList();
     ui->txtName->setFocus();
 }
 
@@ -200,7 +202,13 @@ void frmMemberList::cmdChongzhi_Click() {
     const QString code = selectedCode();
     if (code.isEmpty()) return;
     frmChongzhi dlg(this);
-    if (dlg.Add(code)) ShowMemberRecords(code);
+    if (!dlg.Add(code)) return;
+    // The new balance on the member's row, and the top-up among the records.
+    LoadMemberList();
+    for (int i = 0; i < ui->lvwThis->topLevelItemCount(); ++i)
+        if (ui->lvwThis->topLevelItem(i)->data(0, Qt::UserRole).toString().mid(1) == code)
+            ui->lvwThis->setCurrentItem(ui->lvwThis->topLevelItem(i));
+    ShowMemberRecords(code);
 }
 
 void frmMemberList::cmdSetup_Click() {

@@ -18,7 +18,7 @@ class frmMemberList : public QDialog {
     // Pick mode; the chosen MemberCode, or empty text.
     QString SelectMember();
 
-    // The halves of ShowMe and SelectMember around the modal loop. The list starts empty.
+    // The halves of ShowMe and SelectMember around the modal loop. The list shows all members.
     void prepare(bool picking);
     void LoadMemberList();
     void ShowMemberRecords(const QString& code);

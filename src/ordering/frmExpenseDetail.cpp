@@ -11,6 +11,7 @@
 #include "OrderPrinting.h"
 #include "Puissance.h"
 #include "RefusalShow.h"
+#include "ScreenFit.h"
 #include "Settings.h"
 #include "Val.h"
 #include "frmExpenseDetailInfo.h"
@@ -19,7 +20,6 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScreen>
 #include <QShortcut>
 #include <QStyle>
 
@@ -56,7 +56,10 @@ frmExpenseDetail::frmExpenseDetail(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmExpenseDetail>()) {
     ui->setupUi(this);
     // Roomy where the screen allows, never beyond it.
-    if (const QScreen* sc = screen()) resize(QSize(980, 660).boundedTo(sc->availableGeometry().size()));
+    ScreenFit::install(this, QSize(980, 660));
+    // On a small or scaled screen the entry boxes scroll; the add button stays in sight.
+    ScreenFit::scrollItems(ui->layfraInput, 0, ui->layfraInput->indexOf(ui->cmdAdd),
+                           QStringLiteral("fraInputBoxes"));
     SetupExpenseDetailList(ui->lvwDetail);
     SortListOnHeaderClick(ui->lvwDetail);
 
@@ -256,6 +259,12 @@ void frmExpenseDetail::txtInput_Enter() {
         QTreeWidgetItem* it = ui->lvwWare->topLevelItem(q.index);
         ui->lvwWare->setCurrentItem(it);
         ui->lvwWare->scrollToItem(it);
+    } else if (q.next == QuickEntry::Next::NotFound) {
+        // Nothing is chosen after a code that found nothing: F5 must not add the goods before.
+        for (QTreeWidget* list : {ui->lvwWare, ui->tvWare}) {
+            list->clearSelection();
+            list->setCurrentItem(nullptr);
+        }
     }
     ui->lvwWare->setFocus();
     if (q.num) ui->txtNum->setText(*q.num);
@@ -308,10 +317,11 @@ void frmExpenseDetail::cmdWareAdd_Click() {
 }
 
 void frmExpenseDetail::cmdDescription_Click() {
-    const QTreeWidgetItem* it = ui->lvwDetail->currentItem();
+    QTreeWidgetItem* it = ui->lvwDetail->currentItem();
     if (!it || !it->isSelected()) return Msg::info(this, OrderText::chooseLine());
     frmExpenseDetailInfo dlg(this);
-    dlg.Edit(StripKey(it->data(0, ExpenseLineRole::Key).toString()));
+    if (dlg.Edit(StripKey(it->data(0, ExpenseLineRole::Key).toString())))
+        it->setText(ExpenseLineNoteColumn, dlg.note());
 }
 
 // The gift needs its right only when ticked with the mouse.
@@ -347,6 +357,10 @@ bool frmExpenseDetail::eventFilter(QObject* watched, QEvent* event) {
 
 void frmExpenseDetail::done(int result) {
     // The lines are stored; the tickets of this opening go out as the window closes.
+    m_summary = m_entry.batch().isEmpty() ? QString()
+                                          : m_entry.theCode() + QStringLiteral(" 已点单 ") +
+                                                QString::number(m_entry.batch().size()) +
+                                                QStringLiteral(" 项，本次消费 ") + m_entry.thisSum().toYuan();
     if (!m_entry.thisCode().isEmpty())
         OrderPrinting::instance().PrintThis(
             {m_entry.expenseID(), m_entry.thisCode(), m_entry.theCode(), m_entry.thisSumTag()},

@@ -35,6 +35,8 @@ class frmExpenseDetail : public QDialog {
     void cmdDescription_Click();
 
     const OrderEntry& entry() const { return m_entry; }
+    // What the last opening ordered, for the main window's status line; empty when nothing.
+    QString summary() const { return m_summary; }
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -50,6 +52,7 @@ class frmExpenseDetail : public QDialog {
 
     std::unique_ptr<Ui::frmExpenseDetail> ui;
     OrderEntry m_entry;
+    QString m_summary;
     QHash<QString, QTreeWidgetItem*> m_listItems; // WareID -> its row of lvwWare
     bool m_freeByMouse = false;
 };

@@ -45,6 +45,7 @@ void frmExpenseDetailInfo::OKButton_Click() {
     ui->OKButton->setEnabled(true);
     if (r) return ShowRefusal(this, *r);
     m_saved = true;
+    m_note = ui->cmbInfo->currentText();
     accept();
 }
 

@@ -21,9 +21,12 @@ class frmExpenseDetailInfo : public QDialog {
     // Forgets the note in the box as a suggestion.
     void cmdDel_Click();
     bool saved() const { return m_saved; }
+    // The note as stored.
+    QString note() const { return m_note; }
 
   private:
     std::unique_ptr<Ui::frmExpenseDetailInfo> ui;
     QString m_detailID;
     bool m_saved = false;
+    QString m_note;
 };

@@ -25,16 +25,40 @@ QList<BoardRoom> BoardService::rooms(const QString& assortID, ShowMode mode, con
         {assortID});
     out.reserve(rows.count());
     for (const Row r : rows) {
-        BoardRoom room{r.text(QStringLiteral("TheID")), r.text(QStringLiteral("TheCode")),
+        BoardRoom room{r.text(QStringLiteral("TheID")),
+                       r.text(QStringLiteral("TheCode")),
                        r.text(QStringLiteral("ExpenseID")),
                        RoomStatus(r.integer(QStringLiteral("State")), r.text(QStringLiteral("Other1")), now),
-                       r.text(QStringLiteral("OpenTime"))};
+                       r.text(QStringLiteral("OpenTime")),
+                       {}};
         const bool inUse = room.status.key == QLatin1String("Use");
         if ((mode == ShowMode::Use && !inUse) || (mode == ShowMode::NoUse && inUse)) continue;
-        if (!inUse) room.expenseID.clear();
+        if (!inUse) {
+            room.expenseID.clear();
+        } else if (!room.openTime.isEmpty()) {
+            Money goods, roomMoney;
+            fExpense(m_db).GetByIDCurrency(room.expenseID, now, goods, roomMoney, false);
+            room.oughtMoney = (goods + roomMoney).toYuan();
+        }
         out.append(room);
     }
     return out;
+}
+
+QList<FoundRoom> BoardService::findRooms(const QString& text) const {
+    QList<FoundRoom> exact, starts;
+    if (text.isEmpty()) return exact;
+    const Rows rows =
+        m_db.query(QStringLiteral("select TheID, TheCode, AssortID from The order by TheCode, TheID"));
+    for (const Row r : rows) {
+        FoundRoom f{r.text(QStringLiteral("TheID")), r.text(QStringLiteral("TheCode")),
+                    r.text(QStringLiteral("AssortID"))};
+        if (f.theCode.compare(text, Qt::CaseInsensitive) == 0)
+            exact.append(f);
+        else if (f.theCode.startsWith(text, Qt::CaseInsensitive))
+            starts.append(f);
+    }
+    return exact + starts;
 }
 
 QString ExpendTimeText(qint64 minutes) {

@@ -16,6 +16,12 @@ struct BoardRoom {
     QString expenseID; // the open bill while in use
     RoomStatusText status;
     QString openTime; // of the open bill, "yyyy-MM-dd HH:mm"
+    QString oughtMoney; // of the open bill at the time asked, "￥0.00"; empty when not in use
+};
+
+// A room found by its code, wherever it is on the board.
+struct FoundRoom {
+    QString theID, theCode, assortID;
 };
 
 // What the detail panel shows of the selected room; money as "￥0.00".
@@ -39,6 +45,9 @@ class BoardService {
     // The rooms of one type in code order, with their status at `now`, kept by the filter.
     QList<BoardRoom> rooms(const QString& assortID, ShowMode mode, const QDateTime& now) const;
     // The panel of a room; the running bill `expenseID` counts only when the status is Use.
+    // The rooms of every type whose code starts with `text`, letter case aside: an exact code
+    // first, then by code.
+    QList<FoundRoom> findRooms(const QString& text) const;
     BoardPanel panel(const QString& theID, const QString& statusKey, const QString& expenseID,
                      const QDateTime& now) const;
 

@@ -14,16 +14,16 @@ Rows ExpenseLines(const QString& expenseID, bool withVoids, Db& db) {
 }
 
 void SetupExpenseDetailList(QTreeWidget* list) {
-    list->setColumnCount(7);
+    list->setColumnCount(8);
     list->setHeaderLabels({QStringLiteral("消费项目"), QStringLiteral("数量"), QStringLiteral("单价"),
                            QStringLiteral("金额"), QStringLiteral("提成员工"), QStringLiteral("消费时间"),
-                           QStringLiteral("记帐人")});
+                           QStringLiteral("记帐人"), QStringLiteral("备注")});
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
     list->setAlternatingRowColors(true);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
-    const int widths[] = {150, 50, 70, 80, 80, 70, 80};
-    for (int c = 0; c < 7; ++c)
+    const int widths[] = {150, 50, 70, 80, 80, 70, 80, 120};
+    for (int c = 0; c < 8; ++c)
         list->setColumnWidth(c, widths[c]);
     for (int c : {1, 2, 3})
         list->headerItem()->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
@@ -47,6 +47,7 @@ void LoadDataExpenseDetail(const QString& expenseID, QTreeWidget* list, bool wit
         it->setText(4, r.text(QStringLiteral("Other1")));
         it->setText(5, FormatDate(ParseTime(r.text(QStringLiteral("ExpenseTime"))), QStringLiteral("HH:mm")));
         it->setText(6, r.text(QStringLiteral("operatorname")));
+        it->setText(ExpenseLineNoteColumn, r.text(QStringLiteral("Description")));
         for (int c : {1, 2, 3})
             it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
         QColor colour;
@@ -55,7 +56,7 @@ void LoadDataExpenseDetail(const QString& expenseID, QTreeWidget* list, bool wit
         else if (r.integer(QStringLiteral("isFree")) == 1)
             colour = QColor(0, 0, 255);
         if (colour.isValid())
-            for (int c = 0; c < 7; ++c)
+            for (int c = 0; c < 8; ++c)
                 it->setForeground(c, colour);
         items << it;
     }

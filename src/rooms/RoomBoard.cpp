@@ -4,6 +4,7 @@
 #include "Format.h"
 #include "MessageBox.h"
 #include "NewID.h"
+#include "ScreenFit.h"
 #include "StatusArt.h"
 #include <QButtonGroup>
 #include <QFormLayout>
@@ -17,6 +18,8 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStandardItemModel>
@@ -27,21 +30,27 @@
 #include <QVBoxLayout>
 
 namespace {
-const QSize TileSize(124, 92);
+// The smallest tile; on a wider board the tiles grow up to half as large again, then more fit.
+const QSize BaseTile(132, 112);
+constexpr double MaxTileScale = 1.5;
 
 // A room as a tile: the status colour and picture together, the room code large, and for a
-// room in use the time it has run.
+// room in use the time it has run and what it owes so far. Everything is drawn in proportion
+// to the tile, so a larger board shows larger numbers.
 class RoomTileDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
+    QSize tile = BaseTile;
 
-    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override { return TileSize; }
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override { return tile; }
 
     void paint(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const QString key = index.data(RoomBoard::StatusRole).toString();
         const StatusLook look = LookOf(key);
         const bool selected = option.state & QStyle::State_Selected;
         const QRectF r = QRectF(option.rect).adjusted(4, 4, -4, -4);
+        const double s = qMax(0.5, r.height() / double(BaseTile.height() - 8));
+        auto px = [s](double v) { return int(v * s + 0.5); };
         p->save();
         p->setRenderHint(QPainter::Antialiasing);
         QPainterPath tile;
@@ -50,38 +59,49 @@ class RoomTileDelegate : public QStyledItemDelegate {
         p->setPen(QPen(selected ? look.strong.darker(140) : look.strong, selected ? 4 : 2));
         p->drawPath(tile);
 
-        const QRectF icon(r.left() + 7, r.top() + 7, 22, 22);
+        const QRectF icon(r.left() + px(7), r.top() + px(7), px(22), px(22));
         // The icon keeps its drawn pictures, so a repaint draws no picture anew.
         StatusIcon(key).paint(p, icon.toRect());
 
         QFont small = option.font;
-        small.setPixelSize(13);
+        small.setPixelSize(px(14));
         small.setBold(true);
         p->setFont(small);
         p->setPen(look.strong.darker(115));
-        p->drawText(QRectF(r.left() + 32, r.top() + 6, r.width() - 40, 24), Qt::AlignRight | Qt::AlignVCenter,
-                    index.siblingAtColumn(1).data().toString());
+        p->drawText(QRectF(icon.right() + 4, r.top() + px(6), r.right() - icon.right() - px(10), px(24)),
+                    Qt::AlignRight | Qt::AlignVCenter, index.siblingAtColumn(1).data().toString());
 
+        const bool inUse = key == QLatin1String("Use");
         QFont big = option.font;
-        big.setPixelSize(26);
+        big.setPixelSize(px(inUse ? 26 : 30));
         big.setBold(true);
         p->setFont(big);
         p->setPen(QColor(0x21, 0x21, 0x21));
-        const QRectF codeRect(r.left() + 4, r.top() + 28, r.width() - 8, 34);
+        const QRectF codeRect(r.left() + 4, r.top() + px(inUse ? 30 : 36), r.width() - 8,
+                              px(inUse ? 32 : 40));
         p->drawText(
             codeRect, Qt::AlignCenter,
             QFontMetrics(big).elidedText(index.data().toString(), Qt::ElideRight, int(codeRect.width())));
 
-        if (key == QLatin1String("Use")) {
+        if (inUse) {
+            QFont f = option.font;
+            f.setPixelSize(px(13));
+            p->setFont(f);
+            p->setPen(look.strong.darker(125));
             const QDateTime open = ParseTime(index.data(RoomBoard::OpenTimeRole).toString());
             if (open.isValid()) {
                 const qint64 m = qMax<qint64>(0, MinutesBetween(open, Now()));
-                QFont f = option.font;
-                f.setPixelSize(12);
-                p->setFont(f);
-                p->setPen(look.strong.darker(125));
-                p->drawText(QRectF(r.left() + 4, r.bottom() - 24, r.width() - 8, 20), Qt::AlignCenter,
+                p->drawText(QRectF(r.left() + 4, codeRect.bottom(), r.width() - 8, px(20)), Qt::AlignCenter,
                             QStringLiteral("已用 %1:%2").arg(m / 60).arg(m % 60, 2, 10, QLatin1Char('0')));
+            }
+            const QString amount = index.data(RoomBoard::AmountRole).toString();
+            if (!amount.isEmpty()) {
+                f.setPixelSize(px(15));
+                f.setBold(true);
+                p->setFont(f);
+                p->setPen(look.strong.darker(150));
+                p->drawText(QRectF(r.left() + 4, r.bottom() - px(24), r.width() - 8, px(22)), Qt::AlignCenter,
+                            QFontMetrics(f).elidedText(amount, Qt::ElideLeft, int(r.width() - 8)));
             }
         }
         p->restore();
@@ -117,6 +137,18 @@ void RoomBoard::buildUi() {
     connect(m_ctabThis, &QTabBar::currentChanged, this, [this] {
         if (!m_loading) LoadRoomList();
     });
+    m_ctabThis->setToolTip(QStringLiteral("Ctrl+PgDn 下一类包厢，Ctrl+PgUp 上一类包厢"));
+    // The room types by keyboard, from anywhere on the board.
+    const std::pair<QKeySequence, int> tabKeys[] = {{QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1},
+                                                    {QKeySequence(Qt::CTRL | Qt::Key_Tab), 1},
+                                                    {QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1},
+                                                    {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1},
+                                                    {QKeySequence(Qt::CTRL | Qt::Key_Backtab), -1}};
+    for (const auto& [keys, step] : tabKeys) {
+        auto* sc = new QShortcut(keys, this);
+        sc->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(sc, &QShortcut::activated, this, [this, step = step] { stepTab(step); });
+    }
 
     m_toolRow = new QHBoxLayout;
     m_filters = new QButtonGroup(this);
@@ -180,10 +212,12 @@ void RoomBoard::buildUi() {
     m_icons->setResizeMode(QListView::Adjust);
     m_icons->setWrapping(true);
     m_icons->setUniformItemSizes(true);
-    m_icons->setGridSize(TileSize);
+    m_icons->setGridSize(BaseTile);
     m_icons->setSpacing(0);
     m_icons->setModel(m_model);
-    m_icons->setItemDelegate(new RoomTileDelegate(m_icons));
+    m_tiles = new RoomTileDelegate(m_icons);
+    m_icons->setItemDelegate(m_tiles);
+    m_icons->viewport()->installEventFilter(this);
     m_icons->setSelectionMode(QAbstractItemView::SingleSelection);
     m_icons->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_details = new QTreeView(m_stack);
@@ -213,11 +247,22 @@ void RoomBoard::buildUi() {
             Q_EMIT menuRequested(v->viewport()->mapToGlobal(pos));
         });
     }
-    connect(m_icons->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+    // The current item is the selected room. A mouse press makes the item current before it
+    // selects it, so the panel and the commands follow the current item, and the selection
+    // is kept on it (a ctrl click cannot leave the board without a room).
+    QItemSelectionModel* sel = m_icons->selectionModel();
+    connect(sel, &QItemSelectionModel::currentChanged, this, [this, sel](const QModelIndex& now) {
+        if (now.isValid() && !sel->isRowSelected(now.row()))
+            sel->select(now, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         if (!m_loading) ShowSelected();
     });
+    connect(sel, &QItemSelectionModel::selectionChanged, this, [sel] {
+        const QModelIndex now = sel->currentIndex();
+        if (now.isValid() && !sel->isRowSelected(now.row()))
+            sel->select(now, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    });
 
-    auto* right = new QWidget(split);
+    auto* right = new QWidget(this);
     auto* rightLay = new QVBoxLayout(right);
     rightLay->setContentsMargins(4, 0, 0, 0);
     auto* box = new QGroupBox(QStringLiteral("包厢消费信息"), right);
@@ -254,7 +299,9 @@ void RoomBoard::buildUi() {
     big.setPointSizeF(big.pointSizeF() * 1.6);
     ought->setFont(big);
     ought->setStyleSheet(QStringLiteral("color:#c62828"));
-    m_panel[QStringLiteral("lblDesc")]->setWordWrap(true);
+    // Long tariff names and notes wrap instead of being cut.
+    for (const char* name : {"lblDesc", "lblPayLevelName", "lblHouse"})
+        m_panel[QLatin1String(name)]->setWordWrap(true);
     // The figures always get their room; the lines give way on a small screen.
     box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     rightLay->addWidget(box);
@@ -272,10 +319,12 @@ void RoomBoard::buildUi() {
     rightLay->addWidget(detailBox, 1);
 
     split->addWidget(m_stack);
-    split->addWidget(right);
+    // On a short screen the panel scrolls rather than squeezing its lines into one another.
+    QScrollArea* rightScroll = ScreenFit::scrollable(right, split);
+    rightScroll->setMinimumWidth(qMax(rightScroll->minimumWidth(), 320));
+    split->addWidget(rightScroll);
     split->setStretchFactor(0, 3);
     split->setStretchFactor(1, 2);
-    right->setMinimumWidth(320);
     showPanel({});
 }
 
@@ -345,6 +394,7 @@ void RoomBoard::fillModel(const QList<BoardRoom>& rooms) {
         code->setData(r.status.key, StatusRole);
         code->setData(r.expenseID, TagRole);
         code->setData(r.openTime, OpenTimeRole);
+        code->setData(r.oughtMoney, AmountRole);
         m_model->setItem(row, 0, code);
         m_model->setItem(row, 1, new QStandardItem(r.status.label));
         m_model->setItem(row, 2, new QStandardItem(r.expenseID));
@@ -364,12 +414,7 @@ void RoomBoard::loadRoomList() {
             row = i;
             break;
         }
-    if (m_model->rowCount() > 0) {
-        const QModelIndex idx = m_model->index(row, 0);
-        m_icons->selectionModel()->setCurrentIndex(idx, QItemSelectionModel::ClearAndSelect |
-                                                            QItemSelectionModel::Rows);
-        m_icons->scrollTo(idx);
-    }
+    if (m_model->rowCount() > 0) makeCurrent(m_model->index(row, 0));
     m_loading = false;
     if (m_model->rowCount() > 0)
         ShowSelected();
@@ -381,8 +426,21 @@ void RoomBoard::loadRoomList() {
 }
 
 QStandardItem* RoomBoard::selectedItem() const {
-    const QModelIndexList rows = m_icons->selectionModel()->selectedIndexes();
-    return rows.isEmpty() ? nullptr : m_model->item(rows.first().row(), 0);
+    const QModelIndex current = m_icons->selectionModel()->currentIndex();
+    return current.isValid() ? m_model->item(current.row(), 0) : nullptr;
+}
+
+QStandardItem* RoomBoard::itemOf(const QString& theID) const {
+    const QString key = QStringLiteral("K") + theID;
+    for (int i = 0; i < m_model->rowCount(); ++i)
+        if (m_model->item(i, 0)->data(KeyRole).toString() == key) return m_model->item(i, 0);
+    return nullptr;
+}
+
+void RoomBoard::makeCurrent(const QModelIndex& idx) {
+    m_icons->selectionModel()->setCurrentIndex(idx, QItemSelectionModel::ClearAndSelect |
+                                                        QItemSelectionModel::Rows);
+    m_icons->scrollTo(idx);
 }
 
 QString RoomBoard::selectedKey() const {
@@ -401,28 +459,72 @@ QString RoomBoard::selectedTag() const {
     return it ? it->data(TagRole).toString() : QString();
 }
 
+QString RoomBoard::codeOf(const QString& theID) const {
+    const QStandardItem* it = itemOf(theID);
+    return it ? it->text() : QString();
+}
+
 bool RoomBoard::selectRoom(const QString& theID) {
-    for (int i = 0; i < m_model->rowCount(); ++i)
-        if (m_model->item(i, 0)->data(KeyRole).toString() == QStringLiteral("K") + theID) {
-            const QModelIndex idx = m_model->index(i, 0);
-            m_icons->selectionModel()->setCurrentIndex(idx, QItemSelectionModel::ClearAndSelect |
-                                                                QItemSelectionModel::Rows);
-            m_icons->scrollTo(idx);
-            return true;
-        }
-    return false;
+    const QStandardItem* it = itemOf(theID);
+    if (!it) return false;
+    makeCurrent(it->index());
+    return true;
 }
 
 void RoomBoard::setSelectedState(const QString& statusKey, const QString& label, const QString& tag) {
-    QStandardItem* it = selectedItem();
-    if (!it) return;
+    if (const QStandardItem* it = selectedItem())
+        setRoomState(it->data(KeyRole).toString().mid(1), statusKey, label, tag);
+}
+
+void RoomBoard::setRoomState(const QString& theID, const QString& statusKey, const QString& label,
+                             const QString& tag) {
+    QStandardItem* it = itemOf(theID);
+    if (!it) {
+        LoadRoomList();
+        return;
+    }
+    const bool inUse = statusKey == QLatin1String("Use");
     it->setIcon(StatusIcon(statusKey));
     it->setData(statusKey, StatusRole);
     it->setData(tag, TagRole);
-    it->setData(statusKey == QLatin1String("Use") ? TimeText(Now()) : QString(), OpenTimeRole);
+    it->setData(inUse ? TimeText(Now()) : QString(), OpenTimeRole);
+    it->setData(inUse ? QStringLiteral("￥0.00") : QString(), AmountRole);
     m_model->item(it->row(), 1)->setText(label);
     m_model->item(it->row(), 2)->setText(tag);
+    m_loading = true;
+    makeCurrent(it->index());
+    m_loading = false;
     ShowSelected();
+}
+
+void RoomBoard::stepTab(int step) {
+    const int n = m_ctabThis->count();
+    if (n < 2) return;
+    m_ctabThis->setCurrentIndex(((m_ctabThis->currentIndex() + step) % n + n) % n);
+}
+
+QSize RoomBoard::tileSize() const {
+    return static_cast<RoomTileDelegate*>(m_tiles)->tile;
+}
+
+// The tiles fill the width of the board: on a wider board they grow (larger numbers, seen
+// from across the counter) until half as large again, then more of them fit in a row.
+void RoomBoard::fitTiles() {
+    // Room for a scroll bar that may come, so the row does not wrap early.
+    const int width =
+        m_icons->viewport()->width() - m_icons->style()->pixelMetric(QStyle::PM_ScrollBarExtent) - 4;
+    if (width <= 0) return;
+    const int minWidth = BaseTile.width();
+    int cols = qMax(1, width / minWidth);
+    if (width / double(cols) > minWidth * MaxTileScale) ++cols;
+    // A narrow board (a small or scaled screen) keeps the smallest tiles: more rooms in sight.
+    const int tileW = cols < 4 ? minWidth : qMax(minWidth, width / cols - 1);
+    const double scale = qBound(1.0, double(tileW) / minWidth, MaxTileScale);
+    const QSize tile(tileW, int(BaseTile.height() * scale));
+    auto* d = static_cast<RoomTileDelegate*>(m_tiles);
+    if (d->tile == tile) return;
+    d->tile = tile;
+    m_icons->setGridSize(tile);
 }
 
 void RoomBoard::showPanel(const BoardPanel& p) {
@@ -449,24 +551,41 @@ void RoomBoard::showSelected() {
     Q_EMIT selectionShown(status);
 }
 
-void RoomBoard::findHouse(int key) {
-    const QString text = m_txtFindHouse->text();
+bool RoomBoard::findRoom(const QString& text) {
+    if (text.isEmpty()) return false;
+    // The current list first: a room the cashier sees wins over one of another tab.
     int found = -1;
     for (int i = 0; i < m_model->rowCount() && found < 0; ++i)
-        if (m_model->item(i, 0)->text().startsWith(text, Qt::CaseInsensitive)) found = i;
-    if (found < 0) {
+        if (m_model->item(i, 0)->text().compare(text, Qt::CaseInsensitive) == 0) found = i;
+    if (found >= 0) {
+        makeCurrent(m_model->index(found, 0));
+        return true;
+    }
+    const QList<FoundRoom> rooms = m_service.findRooms(text);
+    if (rooms.isEmpty()) return false;
+    const FoundRoom& room = rooms.first();
+    if (!itemOf(room.theID)) {
+        int tab = -1;
+        for (int i = 0; i < m_ctabThis->count(); ++i)
+            if (m_ctabThis->tabData(i).toString() == QStringLiteral("K") + room.assortID) tab = i;
+        if (tab < 0) return false;
+        m_loading = true;
+        m_ctabThis->setCurrentIndex(tab);
+        m_loading = false;
+        LoadRoomList();
+        // The filter hides it: show all rooms.
+        if (!itemOf(room.theID) && m_mode != ShowMode::All) setShowMode(ShowMode::All);
+    }
+    return selectRoom(room.theID);
+}
+
+void RoomBoard::findHouse(int key) {
+    if (!findRoom(m_txtFindHouse->text())) {
         m_txtFindHouseInfo->setText(QStringLiteral("当前的包厢列表中没找到此包厢！"));
         m_txtFindHouse->selectAll();
         return;
     }
     m_txtFindHouseInfo->clear();
-    const QModelIndex idx = m_model->index(found, 0);
-    m_loading = true;
-    m_icons->selectionModel()->setCurrentIndex(idx, QItemSelectionModel::ClearAndSelect |
-                                                        QItemSelectionModel::Rows);
-    m_icons->scrollTo(idx);
-    m_loading = false;
-    ShowSelected();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         currentView()->setFocus();
         return;
@@ -479,6 +598,7 @@ void RoomBoard::findHouse(int key) {
 }
 
 bool RoomBoard::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_icons->viewport() && event->type() == QEvent::Resize) fitTiles();
     if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     auto* ke = static_cast<QKeyEvent*>(event);
     if (watched == m_txtFindHouse) {

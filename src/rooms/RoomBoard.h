@@ -11,6 +11,7 @@ class QPushButton;
 class QStackedWidget;
 class QStandardItem;
 class QStandardItemModel;
+class QStyledItemDelegate;
 class QTabBar;
 class QTreeView;
 class QTreeWidget;
@@ -23,7 +24,7 @@ class RoomBoard : public QWidget {
     Q_OBJECT
   public:
     // Data roles of a room item (column 0).
-    enum Role { KeyRole = Qt::UserRole, StatusRole, TagRole, OpenTimeRole };
+    enum Role { KeyRole = Qt::UserRole, StatusRole, TagRole, OpenTimeRole, AmountRole };
 
     explicit RoomBoard(QWidget* parent = nullptr);
     ~RoomBoard() override;
@@ -39,7 +40,8 @@ class RoomBoard : public QWidget {
     void setDetailsView(bool details);
     bool detailsView() const;
 
-    // The selected room: key "K" + TheID, its status key and its bill.
+    // The selected room, the one current room of the board whether reached by click, key,
+    // finder or refresh: key "K" + TheID, its status key and its bill.
     QString selectedKey() const;
     QString selectedTheID() const;
     QString selectedStatus() const;
@@ -49,6 +51,18 @@ class RoomBoard : public QWidget {
     bool selectRoom(const QString& theID);
     // Sets the selected item after a command and shows it again.
     void setSelectedState(const QString& statusKey, const QString& label, const QString& tag);
+    // Sets the room `theID` after a command on it, makes it the selected room and shows it;
+    // when it is no longer listed the list is read again.
+    void setRoomState(const QString& theID, const QString& statusKey, const QString& label,
+                      const QString& tag);
+    // The code of the room with this TheID in the current list; empty when not listed.
+    QString codeOf(const QString& theID) const;
+    // Finds a room by the start of its code, letter case aside, on every tab: the current
+    // list first, then the other tabs. True when found and selected.
+    bool findRoom(const QString& text);
+    // The next or previous room-type tab, round the end.
+    void stepTab(int step);
+    QSize tileSize() const;
 
     // The row of the board page where the main window adds its own boxes.
     QHBoxLayout* toolRow() const { return m_toolRow; }
@@ -80,6 +94,9 @@ class RoomBoard : public QWidget {
     void buildUi();
     void fillModel(const QList<BoardRoom>& rooms);
     QStandardItem* selectedItem() const;
+    QStandardItem* itemOf(const QString& theID) const;
+    void makeCurrent(const QModelIndex& idx);
+    void fitTiles();
     void findHouse(int key);
     void showPanel(const BoardPanel& p);
     void sortDetail(int column);
@@ -102,4 +119,5 @@ class RoomBoard : public QWidget {
     QStandardItemModel* m_model = nullptr;
     QTreeWidget* m_lvwDetail = nullptr;
     QHash<QString, QLabel*> m_panel;
+    QStyledItemDelegate* m_tiles = nullptr; // the tiles, sized by fitTiles
 };

@@ -99,7 +99,7 @@ BillSnapshot fExpense::Snapshot(const QString& id) const {
 }
 
 void fExpense::GetByIDCurrency(const QString& id, const QDateTime& closeTime, Money& goodsMoney,
-                               Money& roomMoney) const {
+                               Money& roomMoney, bool reportNoTariff) const {
     // An unknown bill is priced from the zero date with no tariff, and so costs nothing.
     QDateTime openTime(QDate(1899, 12, 30), QTime(0, 0));
     Money oldMoney;
@@ -133,7 +133,7 @@ void fExpense::GetByIDCurrency(const QString& id, const QDateTime& closeTime, Mo
                      .first()
                      .money(QStringLiteral("OughtMoney"));
 
-    if (!tariffFound)
+    if (!tariffFound && reportNoTariff)
         Msg::warn(nullptr, QStringLiteral("没有找到相关的计费标准！请检查计费标准是否已被删除！"));
 
     roomMoney = CalcRoomMoney(openTime, closeTime, payType, unit, notOne, privilegeTime, afterTime, oldMoney,

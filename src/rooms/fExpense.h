@@ -36,10 +36,11 @@ public:
 
     // Goods and room charge of bill `id` if it closed at `closeTime`. The room charge is
     // computed afresh from the bill's opening time and its tariff; nothing is stored. A
-    // missing tariff is reported once and then charges no time.
-    void GetByIDCurrency(const QString& id, const QDateTime& closeTime, Money& goodsMoney,
-                         Money& roomMoney) const;
+    // missing tariff is reported once and then charges no time; `reportNoTariff` false keeps
+    // quiet about it (the board's tiles, read at every refresh).
+    void GetByIDCurrency(const QString& id, const QDateTime& closeTime, Money& goodsMoney, Money& roomMoney,
+                         bool reportNoTariff = true) const;
 
-private:
+  private:
     Db& m_db;
 };

@@ -19,8 +19,11 @@ class frmExpenseAmalgamate : public QDialog {
     void prepare();
     void OKButton_Click();
     bool merged() const { return m_merged; }
+    // "已并台：A03 并入 A01" after a merge.
+    QString summary() const { return m_summary; }
 
   private:
     std::unique_ptr<Ui::frmExpenseAmalgamate> ui;
     bool m_merged = false;
+    QString m_summary;
 };

@@ -52,5 +52,7 @@ void frmHouseChange::OKButton_Click() {
         return ShowRefusal(this, *r);
     }
     m_changed = true;
+    m_summary = QStringLiteral("%1 已换台到 %2")
+                    .arg(ui->txtOldHouseCode->text(), ui->txtNewHouseCode->text().trimmed());
     accept();
 }

@@ -19,9 +19,12 @@ class frmHouseChange : public QDialog {
     bool prepare(const QString& expenseID);
     void OKButton_Click();
     bool changed() const { return m_changed; }
+    // "A02 已换台到 A03" after a change.
+    QString summary() const { return m_summary; }
 
   private:
     std::unique_ptr<Ui::frmHouseChange> ui;
     QString m_expenseID;
     bool m_changed = false;
+    QString m_summary;
 };

@@ -1,12 +1,15 @@
 #include "frmPayLevel.h"
 #include "EnterMovesOn.h"
 #include "MessageBox.h"
+#include "ScreenFit.h"
 #include "Val.h"
 #include "ui_frmPayLevel.h"
 #include <QRadioButton>
 
 frmPayLevel::frmPayLevel(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmPayLevel>()) {
     ui->setupUi(this);
+    // A small or scaled screen scrolls the settings; the buttons stay in sight.
+    ScreenFit::scrollItems(ui->layMain, 0, ui->layMain->count() - 1, QStringLiteral("fraPayLevelBody"));
     ui->layPeriods->setRowStretch(5, 1); // keep the period rows together at the top
     for (int i = 0; i < 4; ++i) {
         connect(end(i), &QComboBox::activated, this, [this, i] { endChosen(i); });

@@ -13,6 +13,7 @@
 #include "Printing.h"
 #include "Puissance.h"
 #include "RefusalShow.h"
+#include "ScreenFit.h"
 #include "Settings.h"
 #include "Val.h"
 #include "frmMemberList.h"
@@ -21,9 +22,11 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTimer>
+#include <QVBoxLayout>
 
 namespace {
 const char* FormName = "frmCloseHouse";
@@ -52,7 +55,22 @@ bool leftWithinWindow(QEvent* event) {
 
 frmCloseHouse::frmCloseHouse(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmCloseHouse>()) {
     ui->setupUi(this);
-    resize(1100, 640);
+    // On a small or scaled screen the member and closing details scroll; the amounts and
+    // the buttons keep their room.
+    for (auto [content, index] : {std::pair<QWidget*, int>{ui->fraMember, 0}, {nullptr, 2}}) {
+        if (!content) {
+            content = new QWidget(this);
+            content->setObjectName(QStringLiteral("fraCloseInfo"));
+            ui->layRight->removeItem(ui->layCloseInfo);
+            auto* lay = new QVBoxLayout(content);
+            lay->setContentsMargins(0, 0, 0, 0);
+            lay->addLayout(ui->layCloseInfo);
+        } else {
+            ui->layRight->removeWidget(content);
+        }
+        ui->layRight->insertWidget(index, ScreenFit::scrollable(content, this));
+    }
+    ScreenFit::install(this, QSize(1100, 640));
     SetupExpenseDetailList(ui->lvwDetail);
     EnterMovesOn::install(this, {ui->txtpw, ui->txtjzrInfo});
     for (QWidget* w : {static_cast<QWidget*>(ui->txtCustomerCode), static_cast<QWidget*>(ui->txtpw),
@@ -107,6 +125,15 @@ frmCloseHouse::frmCloseHouse(QWidget* parent) : QDialog(parent), ui(std::make_un
     connect(new QShortcut(QKeySequence(Qt::Key_F4), this), &QShortcut::activated, this, [this] {
         if (ui->OKButton->isEnabled()) SaveData();
     });
+    // The other two ways to close, by key as well; like the buttons, only while they are on.
+    const std::pair<Qt::Key, QPushButton*> closeKeys[] = {{Qt::Key_F6, ui->cmdFreeMoney},
+                                                          {Qt::Key_F7, ui->cmdPayAfter}};
+    for (const auto& [key, button] : closeKeys) {
+        button->setToolTip(QKeySequence(key).toString());
+        connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, button, [button = button] {
+            if (button->isEnabled() && button->isVisible()) button->click();
+        });
+    }
 }
 
 frmCloseHouse::~frmCloseHouse() = default;
@@ -129,6 +156,7 @@ void frmCloseHouse::prepare(const QString& expenseID, bool payAfter) {
     m_closeMode = CloseMode::Paid;
     m_goodsMoney = m_roomMoney = m_cost = Money();
     m_closedTheID.clear();
+    m_closedSummary.clear();
     m_model = CheckoutModel();
     m_model.payMoneyFormat = int(Val(GetSetup(QStringLiteral("PayMoneyFormat"))));
 
@@ -141,6 +169,9 @@ void frmCloseHouse::prepare(const QString& expenseID, bool payAfter) {
     if (payAfter) {
         ui->ctbThis->setCurrentIndex(1);
         clearBill();
+        // The open deferred bills at once; the search narrows them down.
+        ui->txtjzrInfo->clear();
+        cmdFindjzrinfo_Click();
         return;
     }
     ui->ctbThis->setCurrentIndex(0);
@@ -152,8 +183,9 @@ void frmCloseHouse::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     // The venue decides where the cashier starts: the cash or the member number.
     QTimer::singleShot(0, this, [this] {
-        QLineEdit* first =
-            Val(GetSetup(QStringLiteral("HClose"))) == 1 ? ui->txtFactPay : ui->txtCustomerCode;
+        QLineEdit* first = m_isPayAfter && m_expenseID.isEmpty()          ? ui->txtjzrInfo
+                           : Val(GetSetup(QStringLiteral("HClose"))) == 1 ? ui->txtFactPay
+                                                                          : ui->txtCustomerCode;
         first->setFocus(Qt::OtherFocusReason);
     });
 }
@@ -356,6 +388,14 @@ void frmCloseHouse::SaveData() {
     }
     m_saved = true;
     m_closedTheID = done.theID;
+    const QString room = ui->lblHouse->text();
+    if (m_closeMode == CloseMode::Free)
+        m_closedSummary = room + QStringLiteral(" 已免单");
+    else if (m_closeMode == CloseMode::Deferred)
+        m_closedSummary = room + QStringLiteral(" 已挂帐 结帐人：") + ui->txtjzr->text().trimmed();
+    else
+        m_closedSummary = room + (m_isPayAfter ? QStringLiteral(" 挂帐已结清") : QStringLiteral(" 已结帐")) +
+                          QStringLiteral(" 找零 ") + Money::fromText(m_model.temp).toYuan();
     // The slip went into the queue with the sale; it is printed without holding the till.
     if (!done.printJob.isEmpty())
         SendInBackground(parentWidget(), {done.printJob}, QStringLiteral("SaveData"),

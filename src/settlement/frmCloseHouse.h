@@ -26,6 +26,8 @@ class frmCloseHouse : public QDialog {
     bool DoPayAfter();
     // The room of the last bill closed here.
     QString closedTheID() const { return m_closedTheID; }
+    // What the last close did, for the main window's status line: "A05 已结帐 找零 ￥5.00".
+    QString closedSummary() const { return m_closedSummary; }
 
     // The halves of Edit and DoPayAfter around the modal loop.
     void prepare(const QString& expenseID, bool payAfter);
@@ -68,4 +70,5 @@ class frmCloseHouse : public QDialog {
     QDateTime m_closeTag;          // the closing time as the window opened it
     QString m_closedTheID;
     std::optional<BillSnapshot> m_seen; // the bill as loaded, compared at the commit
+    QString m_closedSummary;
 };

@@ -29,8 +29,12 @@ bool startCalculator() {
 #ifdef Q_OS_WIN
     return startFirst({QStringLiteral("calc.exe")}, {});
 #else
-    return startFirst({QStringLiteral("gnome-calculator"), QStringLiteral("kcalc"), QStringLiteral("mate-calc"),
-                       QStringLiteral("galculator"), QStringLiteral("qalculate-gtk"), QStringLiteral("xcalc")},
+    // The calculators of the common desktops, then the small ones that come without a desktop.
+    return startFirst({QStringLiteral("gnome-calculator"), QStringLiteral("kcalc"),
+                       QStringLiteral("mate-calc"), QStringLiteral("xfce4-calculator"),
+                       QStringLiteral("deepin-calculator"), QStringLiteral("galculator"),
+                       QStringLiteral("qalculate-qt"), QStringLiteral("qalculate-gtk"),
+                       QStringLiteral("qalculate"), QStringLiteral("speedcrunch"), QStringLiteral("xcalc")},
                       {});
 #endif
 }

@@ -180,11 +180,11 @@ class TestBoard : public QObject {
         // Enter keeps the text and goes to the list.
         QCOMPARE(b->selectedTheID() + u'|' + find->text() + u'|' + info->text(), u"r3|a03|"_s);
 
-        // Another tab's room is not found.
-        find->setText(u"B01"_s);
+        // A room that is nowhere is not found.
+        find->setText(u"C01"_s);
         QTest::keyClick(find, Qt::Key_Return);
         QCOMPARE(info->text() + u'|' + find->selectedText() + u'|' + b->selectedTheID(),
-                 u"当前的包厢列表中没找到此包厢！|B01|r3"_s);
+                 u"当前的包厢列表中没找到此包厢！|C01|r3"_s);
 
         // "o" opens the found room; the key itself is not typed.
         find->setText(u"A01"_s);
@@ -230,6 +230,7 @@ class TestBoard : public QObject {
 
         // Another workstation resumed and opened it meanwhile: refused, the board catches up.
         DB().exec(u"update The set State=1, ExpenseID='x' where TheID='r2'"_s);
+        messages(); // the question before stopping
         w.action(u"mnuHouseResume"_s)->trigger();
         QCOMPARE(messages(), QStringList{u"这个包厢的状态已被其它收银台改变，请刷新后再试！"_s});
         QCOMPARE(codes(b), u"A01:空闲 A02:使用 A03:空闲"_s);
