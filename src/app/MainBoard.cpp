@@ -12,6 +12,7 @@
 #include "frmHouseChange.h"
 #include "frmMain.h"
 #include "frmOpenHouse.h"
+#include "frmOutSale.h"
 #include "frmPrintQueue.h"
 #include <QAction>
 #include <QLineEdit>
@@ -88,6 +89,12 @@ void frmMain::wireBoard() {
         m_board->ShowSelected();
     });
     wire(QStringLiteral("tbrEXPENSE"), [this] { runCommand(QStringLiteral("mnuOpExpense")); });
+    // The counter till needs no room.
+    wire(QStringLiteral("mnuOutSale"), [this] {
+        frmOutSale dlg(this);
+        dlg.ShowMe();
+    });
+    wire(QStringLiteral("tbrOUTSALE"), [this] { runCommand(QStringLiteral("mnuOutSale")); });
 }
 
 void frmMain::applyRoomState(const QString& status) {
