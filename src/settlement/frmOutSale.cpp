@@ -13,6 +13,7 @@
 #include "frmWare.h"
 #include "ui_frmOutSale.h"
 #include <QFocusEvent>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
@@ -71,6 +72,11 @@ frmOutSale::frmOutSale(QWidget* parent) : QDialog(parent), ui(std::make_unique<U
     const int detailWidths[] = {150, 50, 70, 80, 40};
     for (int c = 0; c < 5; ++c)
         ui->lvwDetail->setColumnWidth(c, detailWidths[c]);
+    // The name takes what room is left, so no list scrolls sideways.
+    ui->lvwWare->header()->setStretchLastSection(false);
+    ui->lvwWare->header()->setSectionResizeMode(1, QHeaderView::Stretch);
+    ui->lvwDetail->header()->setStretchLastSection(false);
+    ui->lvwDetail->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     for (QTreeWidget* list : {ui->lvwWare, ui->lvwDetail})
         for (int c = 1; c < list->columnCount(); ++c)
             if (list != ui->lvwWare || c > 1)
