@@ -3,14 +3,17 @@
 #include "FormProbe.h"
 #include "MessageBox.h"
 #include "ModalDriver.h"
+#include "PrintUi.h"
 #include "Settings.h"
 #include "TestVenue.h"
 #include "frmMain.h"
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabWidget>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -64,12 +67,16 @@ class TestOutSaleWindow : public QObject {
     void sale_by_keyboard() {
         NEW_VENUE(v);
         addGoods();
+        const QString pdf = v.home() + u"/pdf"_s;
+        SetSetup(u"Printer"_s, u"PDF:"_s + pdf);
+        SetSetup(u"PrintOutSale"_s, u"1"_s);
         frmMain w;
         w.show();
         w.Init();
         bool sold = false;
         onModal(u"frmOutSale"_s, [&](QDialog* d) {
             QCOMPARE(d->windowTitle(), u"外卖"_s);
+            QVERIFY(child<QCheckBox>(d, "chkPrint")->isChecked());
             QCOMPARE(focused(), u"txtInput"_s);
             keys(d, u"pj 2"_s, Qt::Key_Return); // the quantity is set, the box is next
             QCOMPARE(focused(), u"txtNum"_s);
@@ -130,6 +137,10 @@ class TestOutSaleWindow : public QObject {
         QCOMPARE(dump(u"select nownum from Ware order by WareID"_s), u"98\n49\n30"_s);
         QCOMPARE(text(u"select theContent from s_log where theModel='外卖'"_s),
                  u"单据编号：20261121-00001 结算金额：15"_s);
+        // The receipt went to its printer after the commit.
+        QVERIFY(WaitForPrinting());
+        QCOMPARE(count(u"select count(*) from PrintJob where SourceID='20261121-00001'"_s), 1);
+        QCOMPARE(QDir(pdf).entryList(QDir::Files).size(), 1);
     }
     // A sale the database refuses keeps its lines for another try, which then stores it.
     void failed_sale_keeps_the_lines() {
@@ -161,9 +172,22 @@ class TestOutSaleWindow : public QObject {
             key(d, Qt::Key_F4);
             QVERIFY(messages().isEmpty());
             QCOMPARE(lines(d), QString());
+
+            // From the tree: a type adds nothing, an article adds at its price.
+            child<QTabWidget>(d, "ctabThis")->setCurrentIndex(1);
+            auto* tree = child<QTreeWidget>(d, "tvWare");
+            tree->setCurrentItem(tree->topLevelItem(0));
+            key(d, Qt::Key_F5);
+            QCOMPARE(lines(d), QString());
+            tree->setCurrentItem(tree->topLevelItem(0)->child(0));
+            QCOMPARE(tree->currentItem()->text(0), u"啤酒   (10.00)"_s);
+            key(d, Qt::Key_F5);
+            QCOMPARE(lines(d), u"啤酒 1 10.00 10.00 "_s);
+            // Closed before paying: the line is gone without a question.
             d->reject();
         });
         w.action(u"mnuOutSale"_s)->trigger();
+        QVERIFY(messages().isEmpty());
         QCOMPARE(dump(u"select ExpenseID, factpay from Outsale"_s), u"20261121-00001|300000"_s);
         QCOMPARE(dump(u"select nownum from Ware where WareID='beer'"_s), u"97"_s);
     }
