@@ -66,7 +66,7 @@ bool leftWithinWindow(QEvent* event) {
 frmOutSale::frmOutSale(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmOutSale>()) {
     ui->setupUi(this);
     if (const QScreen* sc = screen()) resize(QSize(1280, 700).boundedTo(sc->availableGeometry().size()));
-    const int wareWidths[] = {70, 170, 70, 70};
+    const int wareWidths[] = {56, 150, 64, 64};
     for (int c = 0; c < 4; ++c)
         ui->lvwWare->setColumnWidth(c, wareWidths[c]);
     const int detailWidths[] = {150, 50, 70, 80, 40};
@@ -304,6 +304,8 @@ void frmOutSale::txtOughtMoney_LostFocus() {
 }
 
 void frmOutSale::SaveData() {
+    // F4 pressed in the settlement box never leaves it: the operator's limit holds all the same.
+    if (m_model.exceedsDiscountLimit(App().CurrentDiscountLimit)) return txtOughtMoney_LostFocus();
     if (const Refused r = m_model.CheckForm()) return ShowRefusal(this, *r);
     // One press, one sale.
     ui->OKButton->setEnabled(false);

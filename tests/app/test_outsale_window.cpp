@@ -106,6 +106,10 @@ class TestOutSaleWindow : public QObject {
 
             // 6 off is beyond the operator's 5; 5 is not.
             key(d, Qt::Key_F9);
+            keys(d, u"14"_s, Qt::Key_F4);
+            QCOMPARE(messages(), QStringList{u"对不起，您优惠的金额超过了您的权限！请重新输入结算金额。"_s});
+            QCOMPARE(count(u"select count(*) from Outsale"_s), 0);
+            child<QLineEdit>(d, "txtOughtMoney")->selectAll();
             keys(d, u"14"_s, Qt::Key_Return);
             QCOMPARE(messages(), QStringList{u"对不起，您优惠的金额超过了您的权限！请重新输入结算金额。"_s});
             QCOMPARE(focused(), u"txtOughtMoney"_s);
