@@ -9,6 +9,7 @@
 #include "frmDbLink.h"
 #include "frmLogin.h"
 #include "frmMain.h"
+#include "frmOutSale.h"
 #include "frmOption.h"
 #include "frmPayLevel.h"
 #include "frmEmployee.h"
@@ -196,6 +197,22 @@ int main(int argc, char** argv) {
     save(&periods, QStringLiteral("frmWareLevel"));
     MemberShots(g_out);
     CheckoutShots(g_out);
+    {
+        // The counter till with three lines keyed in, one of them a gift.
+        frmOutSale till;
+        till.resize(1366, 768);
+        till.Init();
+        auto* input = till.findChild<QLineEdit*>(QStringLiteral("txtInput"));
+        auto* free = till.findChild<QCheckBox*>(QStringLiteral("chkFree"));
+        auto* list = till.findChild<QTreeWidget*>(QStringLiteral("lvwWare"));
+        for (int i = 0; i < 3 && i < list->topLevelItemCount(); ++i) {
+            list->setCurrentItem(list->topLevelItem(i * 2));
+            free->setChecked(i == 2);
+            till.AddLine();
+        }
+        input->setFocus();
+        save(&till, QStringLiteral("frmOutSale"));
+    }
     frmEmployeeList staff;
     staff.prepare(false);
     staff.resize(900, 420);

@@ -12,6 +12,7 @@
 #include "frmHouseChange.h"
 #include "frmMain.h"
 #include "frmOpenHouse.h"
+#include "frmOutSale.h"
 #include "frmPrintQueue.h"
 #include <QAction>
 #include <QLineEdit>
@@ -83,6 +84,12 @@ void frmMain::wireBoard() {
     wire(QStringLiteral("mnuOpExpense"),
          [this] { AddExpense(m_board->selectedTheID(), m_board->selectedTag()); });
     wire(QStringLiteral("tbrEXPENSE"), [this] { runCommand(QStringLiteral("mnuOpExpense")); });
+    // The counter till needs no room.
+    wire(QStringLiteral("mnuOutSale"), [this] {
+        frmOutSale dlg(this);
+        dlg.ShowMe();
+    });
+    wire(QStringLiteral("tbrOUTSALE"), [this] { runCommand(QStringLiteral("mnuOutSale")); });
 }
 
 void frmMain::applyRoomState(const QString& status) {

@@ -21,6 +21,7 @@ const QList<MenuCommand>& MenuCommands() {
             m(op, "mnuPrintQueue", "打印队列"),
             m(op, "mnuOpEnd", "顾客结帐", "F4", "D003"),
             m(op, "mnuPayAfter", "挂帐结算", "", "D003"),
+            m(op, "mnuOutSale", "外卖", "", "D015"),
             sep(op),
             m(op, "mnuHouseStop", "暂停使用", "F8", "D004"),
             m(op, "mnuHouseResume", "恢复使用", "F9", "D005"),

@@ -50,6 +50,12 @@ PrintOutcome PrintOutSale(const QString& outsaleID, Db& db) {
     return queueAndSend(PrintRole::Bill, *r, 1, outsaleID, QString(), db);
 }
 
+QString QueueOutSale(const QString& outsaleID, Db& db) {
+    const std::optional<Receipt> r = OutSaleSlip(outsaleID, db);
+    if (!r) return {};
+    return PrintQueue::Enqueue(PrintRole::Bill, *r, 1, {outsaleID, QString(), {}}, db);
+}
+
 PrintOutcome PrintStartTicket(const QString& expenseID, Db& db) {
     const std::optional<Receipt> r = StartTicketSlip(expenseID, db);
     if (!r) return missing(QStringLiteral("接待单据 ") + expenseID);

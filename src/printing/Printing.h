@@ -24,6 +24,10 @@ PrintOutcome PrintExpenseList(const QString& expenseID, Db& db = DB());
 // The slip of a counter sale, one copy.
 PrintOutcome PrintOutSale(const QString& outsaleID, Db& db = DB());
 
+// Queues the counter sale's slip as PrintOutSale would, without sending it, so that inside
+// the sale's transaction the job is part of the sale. Empty when the sale is not there.
+QString QueueOutSale(const QString& outsaleID, Db& db = DB());
+
 // The opening slip of a room, one copy.
 PrintOutcome PrintStartTicket(const QString& expenseID, Db& db = DB());
 
