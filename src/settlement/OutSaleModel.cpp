@@ -6,15 +6,11 @@
 
 namespace {
 const QString ZeroMoney = QStringLiteral("0.00");
-// Beyond this, in yuan, a typed figure is no amount a till takes; it also keeps every
-// product and sum far inside 64 bits.
-constexpr double MaxYuan = 1e12;
-constexpr double MaxNum = 1e9;
+// The program's own ranges of money and quantities: every product and sum stays far inside
+// 64 bits.
+constexpr double MaxYuan = Range::Money.highest;
 
-bool inRange(const QString& text) {
-    const double v = Val(text);
-    return std::isfinite(v) && std::fabs(v) <= MaxYuan;
-}
+bool inRange(const QString& text) { return ValFits(text, Range::Money); }
 Money amountOf(const QString& text) {
     return inRange(text) ? Money::fromDouble(Val(text)) : Money();
 }
@@ -36,7 +32,7 @@ Refused OutSaleModel::addLine(const QString& wareID, const QString& wareName, co
     if (typed == 0) return Refusal(OutSaleText::numZero(), num);
     const Money price = Money::fromText(priceText);
     // A quantity or an amount no till could hold is refused before it reaches the sums.
-    if (!std::isfinite(typed) || std::fabs(typed) > MaxNum ||
+    if (!ValFits(numText, Range::Quantity) ||
         std::fabs(price.toDouble() * double(RoundEven(typed))) > MaxYuan ||
         std::fabs(m_sum.toDouble() + price.toDouble() * double(RoundEven(typed))) > MaxYuan)
         return Refusal(OutSaleText::badNum(numText), num);
