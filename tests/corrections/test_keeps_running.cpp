@@ -19,6 +19,7 @@
 #include "frmOpenHouse.h"
 #include "frmOption.h"
 #include "frmPayLevel.h"
+#include <QAction>
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -181,14 +182,20 @@ class TestKeepsRunning : public QObject {
                  1);
     }
 
-    // With IsOpenHelp "N" and no IsTopRun the help shows at the first start only.
+    // With IsOpenHelp "N" and no IsTopRun the help shows at the first start only; each start
+    // refreshes the board as often as the venue asks.
     void firstRunHelpOnce() {
         NEW_VENUE(v);
         SetIni(u"IsOpenHelp"_s, u"N"_s);
+        SetSetup(u"RefurbishTime"_s, u"30"_s);
         for (const bool first : {true, false}) {
             frmMain w;
             w.Init();
-            QCOMPARE(w.findChild<QDockWidget*>(u"dockHelp"_s)->isVisibleTo(&w), first);
+            QCOMPARE(QList<bool>({w.findChild<QDockWidget*>(u"dockHelp"_s)->isVisibleTo(&w),
+                                  w.action(u"mnuQNHelp"_s)->isChecked()}),
+                     QList<bool>(2, first));
+            QCOMPARE(texts(w, {"txtTime"}) + u' ' + QString::number(w.refreshTimer()->interval()),
+                     u"30 30000"_s);
             w.SaveInfo();
         }
         QCOMPARE(GetIni(u"IsOpenHelp"_s), u"N"_s);
