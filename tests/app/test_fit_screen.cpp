@@ -7,6 +7,7 @@
 #include "RoomBoard.h"
 #include "RoomUse.h"
 #include "ScreenFit.h"
+#include "Seed.h"
 #include "TestVenue.h"
 #include "frmChongzhi.h"
 #include "frmCloseHouse.h"
@@ -26,30 +27,24 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <functional>
+#include <map>
 #include <memory>
 
-namespace {
-QString g_bill;
+using namespace Qt::StringLiterals;
 
-void addVenue() {
-    DB().exec(QStringLiteral("insert into TheAssort (AssortID, AssortName, PayLevelID) values "
-                             "('a', '豪华大包厢', '00000000000000001')"));
-    DB().exec(QStringLiteral("insert into The (TheID, TheCode, AssortID, State) values "
-                             "('r1', 'A01', 'a', 0), ('r2', 'A02', 'a', 0)"));
-    DB().exec(QStringLiteral("insert into MemberSetup (SetupID, SetupName, InitValue, StepValue, discount) "
-                             "values ('s1', '金卡', 0, 10, 0.9)"));
-    DB().exec(QStringLiteral("insert into Member (MemberCode, MemberName, SetupID, chongzhi, State, pw, "
-                             "MemberValue, sumValue) values ('M1', '张三', 's1', ?, 0, ?, 0, 0)"),
-              {Money::yuan(50), Password::hash(QStringLiteral("8888"))});
-    g_bill = RoomUseService()
-                 .open({QStringLiteral("r1"),
-                        QStringLiteral("生日聚会"),
-                        QStringLiteral("6"),
-                        {},
-                        QStringLiteral("0"),
-                        true,
-                        1})
-                 .expenseID;
+namespace {
+// A room in use with its bill, a free one, a member with stored value; gives the bill.
+QString addVenue() {
+    addRoomType(u"a"_s, u"豪华大包厢"_s);
+    addRoom(u"r1"_s, u"A01"_s, u"a"_s);
+    addRoom(u"r2"_s, u"A02"_s, u"a"_s);
+    DB().exec(u"insert into MemberSetup (SetupID, SetupName, InitValue, StepValue, discount) "
+              "values ('s1', '金卡', 0, 10, 0.9)"_s);
+    DB().exec(u"insert into Member (MemberCode, MemberName, SetupID, chongzhi, State, pw, "
+              "MemberValue, sumValue) values ('M1', '张三', 's1', ?, 0, ?, 0, 0)"_s,
+              {Money::yuan(50), Password::hash(u"8888"_s)});
+    return RoomUseService().open({u"r1"_s, u"生日聚会"_s, u"6"_s, {}, u"0"_s, true, 1}).expenseID;
 }
 
 // Wholly in sight: shown, not clipped by a scroll area or the window's edge.
@@ -57,6 +52,15 @@ bool inSight(QWidget* w) {
     if (!w->isVisible()) return false;
     const QRect inWindow(w->mapTo(w->window(), QPoint(0, 0)), w->size());
     return w->window()->rect().contains(inWindow) && w->visibleRegion().boundingRect().size() == w->size();
+}
+
+// Each dialog made ready as the till shows it, on the bill given; null when it would not open.
+using Make = std::function<QWidget*(QWidget* parent, const QString& bill)>;
+template <class W, class F> Make dialog(F prepare) {
+    return [prepare](QWidget* parent, const QString& bill) -> QWidget* {
+        auto* d = new W(parent);
+        return prepare(d, bill) ? d : nullptr;
+    };
 }
 } // namespace
 
@@ -69,99 +73,70 @@ class TestFitScreen : public QObject {
 
 void TestFitScreen::windows_fit_data() {
     QTest::addColumn<QString>("window");
-    QTest::addColumn<QStringList>("inSight");
-    const QStringList ok{QStringLiteral("OKButton")};
+    QTest::addColumn<QString>("inSight");
     QTest::newRow("main") << "frmMain"
-                          << QStringList{QStringLiteral("lvwThisIcons"), QStringLiteral("lblOughtMoney")};
+                          << "lvwThisIcons lblOughtMoney";
     QTest::newRow("checkout") << "frmCloseHouse"
-                              << QStringList{QStringLiteral("OKButton"), QStringLiteral("txtExpenseMoney"),
-                                             QStringLiteral("txtOughtMoney"), QStringLiteral("txtFactPay"),
-                                             QStringLiteral("txtTemp")};
+                              << "OKButton txtExpenseMoney txtOughtMoney txtFactPay txtTemp";
     QTest::newRow("deferred bills") << "frmCloseHouse-deferred"
-                                    << QStringList{QStringLiteral("OKButton"), QStringLiteral("txtjzrInfo")};
+                                    << "OKButton txtjzrInfo";
     QTest::newRow("order entry") << "frmExpenseDetail"
-                                 << QStringList{QStringLiteral("cmdAdd"), QStringLiteral("txtInput"),
-                                                QStringLiteral("lblThisSum")};
-    QTest::newRow("open") << "frmOpenHouse" << ok;
-    QTest::newRow("change") << "frmHouseChange" << ok;
-    QTest::newRow("merge") << "frmExpenseAmalgamate" << ok;
-    QTest::newRow("top-up") << "frmChongzhi" << ok;
-    QTest::newRow("member") << "frmMember" << ok;
-    QTest::newRow("members") << "frmMemberList" << QStringList{QStringLiteral("cmdClose")};
+                                 << "cmdAdd txtInput lblThisSum";
+    QTest::newRow("open") << "frmOpenHouse"
+                          << "OKButton";
+    QTest::newRow("change") << "frmHouseChange"
+                            << "OKButton";
+    QTest::newRow("merge") << "frmExpenseAmalgamate"
+                           << "OKButton";
+    QTest::newRow("top-up") << "frmChongzhi"
+                            << "OKButton";
+    QTest::newRow("member") << "frmMember"
+                            << "OKButton";
+    QTest::newRow("members") << "frmMemberList"
+                             << "cmdClose";
     // The manager's windows as well.
-    const QStringList cmdOK{QStringLiteral("cmdOK")};
-    QTest::newRow("options") << "frmOption" << QStringList{QStringLiteral("cmdClose")};
-    QTest::newRow("tariff") << "frmPayLevel" << cmdOK;
-    QTest::newRow("goods") << "frmWare" << cmdOK;
-    QTest::newRow("employee") << "frmEmployee" << cmdOK;
+    QTest::newRow("options") << "frmOption"
+                             << "cmdClose";
+    QTest::newRow("tariff") << "frmPayLevel"
+                            << "cmdOK";
+    QTest::newRow("goods") << "frmWare"
+                           << "cmdOK";
+    QTest::newRow("employee") << "frmEmployee"
+                              << "cmdOK";
 }
 
 void TestFitScreen::windows_fit() {
     QFETCH(QString, window);
-    QFETCH(QStringList, inSight);
-    TestVenue v;
-    OPEN_VENUE(v);
-    addVenue();
+    QFETCH(QString, inSight);
+    NEW_VENUE(v);
+    const QString bill = addVenue();
+    // clang-format off
+    const std::map<QString, Make> make = {
+        {u"frmCloseHouse"_s, dialog<frmCloseHouse>([](auto* d, auto& b) { d->prepare(b, false); return true; })},
+        {u"frmCloseHouse-deferred"_s, dialog<frmCloseHouse>([](auto* d, auto&) { d->prepare({}, true); return true; })},
+        {u"frmExpenseDetail"_s, dialog<frmExpenseDetail>([](auto* d, auto& b) { d->Init(b); return true; })},
+        {u"frmOpenHouse"_s, dialog<frmOpenHouse>([](auto* d, auto&) { return d->prepare(u"r2"_s); })},
+        {u"frmHouseChange"_s, dialog<frmHouseChange>([](auto* d, auto& b) { return d->prepare(b); })},
+        {u"frmExpenseAmalgamate"_s, dialog<frmExpenseAmalgamate>([](auto* d, auto&) { d->prepare(); return true; })},
+        {u"frmChongzhi"_s, dialog<frmChongzhi>([](auto* d, auto&) { d->prepare(u"M1"_s); return true; })},
+        {u"frmMember"_s, dialog<frmMember>([](auto* d, auto&) { d->startAdd(); return true; })},
+        {u"frmMemberList"_s, dialog<frmMemberList>([](auto* d, auto&) { d->prepare(false); return true; })},
+        {u"frmOption"_s, dialog<frmOption>([](auto*, auto&) { return true; })},
+        {u"frmPayLevel"_s, dialog<frmPayLevel>([](auto* d, auto&) { d->prepare(u"00000000000000001"_s); return true; })},
+        {u"frmWare"_s, dialog<frmWare>([](auto* d, auto&) { d->startAdd(); return true; })},
+        {u"frmEmployee"_s, dialog<frmEmployee>([](auto* d, auto&) { d->startAdd(); return true; })},
+    };
+    // clang-format on
     frmMain main;
     std::unique_ptr<QWidget> w;
-    if (window == QLatin1String("frmMain")) {
+    if (window == u"frmMain"_s) {
         main.Init();
         main.showMaximized();
     } else {
         main.resize(600, 400);
         main.show();
-        if (window == QLatin1String("frmCloseHouse")) {
-            auto* d = new frmCloseHouse(&main);
-            d->prepare(g_bill, false);
-            w.reset(d);
-        } else if (window == QLatin1String("frmCloseHouse-deferred")) {
-            auto* d = new frmCloseHouse(&main);
-            d->prepare(QString(), true);
-            w.reset(d);
-        } else if (window == QLatin1String("frmExpenseDetail")) {
-            auto* d = new frmExpenseDetail(&main);
-            d->Init(g_bill);
-            w.reset(d);
-        } else if (window == QLatin1String("frmOpenHouse")) {
-            auto* d = new frmOpenHouse(&main);
-            QVERIFY(d->prepare(QStringLiteral("r2")));
-            w.reset(d);
-        } else if (window == QLatin1String("frmHouseChange")) {
-            auto* d = new frmHouseChange(&main);
-            QVERIFY(d->prepare(g_bill));
-            w.reset(d);
-        } else if (window == QLatin1String("frmExpenseAmalgamate")) {
-            auto* d = new frmExpenseAmalgamate(&main);
-            d->prepare();
-            w.reset(d);
-        } else if (window == QLatin1String("frmChongzhi")) {
-            auto* d = new frmChongzhi(&main);
-            d->prepare(QStringLiteral("M1"));
-            w.reset(d);
-        } else if (window == QLatin1String("frmMember")) {
-            auto* d = new frmMember(&main);
-            d->startAdd();
-            w.reset(d);
-        } else if (window == QLatin1String("frmOption")) {
-            auto* d = new frmOption(&main);
-            w.reset(d);
-        } else if (window == QLatin1String("frmPayLevel")) {
-            auto* d = new frmPayLevel(&main);
-            d->prepare(QStringLiteral("00000000000000001"));
-            w.reset(d);
-        } else if (window == QLatin1String("frmWare")) {
-            auto* d = new frmWare(&main);
-            d->startAdd();
-            w.reset(d);
-        } else if (window == QLatin1String("frmEmployee")) {
-            auto* d = new frmEmployee(&main);
-            d->startAdd();
-            w.reset(d);
-        } else {
-            auto* d = new frmMemberList(&main);
-            d->prepare(false);
-            w.reset(d);
-        }
+        w.reset(make.at(window)(&main, bill));
+        QVERIFY(w);
         w->show();
     }
     QWidget* shown = w ? w.get() : &main;
@@ -171,25 +146,19 @@ void TestFitScreen::windows_fit() {
 
     // A maximized window may round a scaled screen up by a pixel.
     const QRect avail = shown->screen()->availableGeometry().adjusted(-1, -1, 1, 1);
-    QVERIFY2(avail.contains(shown->frameGeometry()), qPrintable(QStringLiteral("%1 at %2,%3 %4x%5 on %6x%7")
-                                                                    .arg(window)
-                                                                    .arg(shown->frameGeometry().x())
-                                                                    .arg(shown->frameGeometry().y())
-                                                                    .arg(shown->frameGeometry().width())
-                                                                    .arg(shown->frameGeometry().height())
-                                                                    .arg(avail.width())
-                                                                    .arg(avail.height())));
-    for (const QString& name : inSight) {
+    QString where;
+    QDebug(&where) << shown->frameGeometry() << "on" << avail;
+    QVERIFY2(avail.contains(shown->frameGeometry()), qPrintable(where));
+    for (const QString& name : inSight.split(u' ')) {
         auto* c = shown->findChild<QWidget*>(name);
-        QVERIFY2(c, qPrintable(name));
-        QVERIFY2(::inSight(c), qPrintable(name + QStringLiteral(" out of sight")));
+        QVERIFY2(c && ::inSight(c), qPrintable(name + u" out of sight"_s));
     }
 }
 
 int main(int argc, char** argv) {
     // A 1366x768 screen; the run's QT_SCALE_FACTOR makes it smaller in logical pixels.
     QTemporaryDir dir;
-    QFile config(dir.filePath(QStringLiteral("screen.json")));
+    QFile config(dir.filePath(u"screen.json"_s));
     if (!config.open(QIODevice::WriteOnly)) return 1;
     config.write(R"({"synchronousWindowSystemEvents": false, "windowFrameMargins": true,
         "screens": [{"name": "till", "x": 0, "y": 0, "width": 1366, "height": 768,
@@ -198,8 +167,8 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + config.fileName().toLocal8Bit());
     QApplication app(argc, argv);
     // The program's own font, taller than the platform's plain one.
-    if (QFontDatabase::hasFamily(QStringLiteral("Noto Sans CJK SC")))
-        QApplication::setFont(QFont(QStringLiteral("Noto Sans CJK SC"), 10));
+    if (QFontDatabase::hasFamily(u"Noto Sans CJK SC"_s))
+        QApplication::setFont(QFont(u"Noto Sans CJK SC"_s, 10));
     InstallFocusStyle();
     ScreenFit::installForAllWindows();
     TestFitScreen test;

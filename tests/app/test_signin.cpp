@@ -145,26 +145,6 @@ class TestSignIn : public QObject {
         QCOMPARE(logRows(u"操作员admin登录系统成功！"_s), 1);
     }
 
-    void loginWithoutDatabase() {
-        NEW_VENUE(v);
-        DB().close();
-        // Point the workstation at a server that is not there.
-        DbConfig bad;
-        bad.backend = Backend::PostgreSQL;
-        bad.host = u"127.0.0.1"_s;
-        bad.port = 1;
-        bad.name = u"none"_s;
-        QVERIFY(SetIni(u"DBType"_s, u"1"_s));
-        QVERIFY(SetIni(u"DBPort"_s, u"1"_s));
-        QVERIFY(SetIni(u"DBServer"_s, u"127.0.0.1"_s));
-        frmLogin dlg;
-        dlg.findChild<QLineEdit*>(u"txtUserName"_s)->setText(u"admin"_s);
-        dlg.cmdOK_Click();
-        QCOMPARE(messages(), (QStringList{u"没能打开系统的数据库，请检查您的数据库配置是否正确！"_s,
-                                          u"无效的登录名或密码，请重试!"_s}));
-        QVERIFY(dlg.result() != QDialog::Accepted);
-    }
-
     void disabledAccountInWindow() {
         NEW_VENUE(v);
         addOperator(u"o2"_s, u"gone"_s, u"secret"_s, 1);
@@ -229,18 +209,6 @@ class TestSignIn : public QObject {
         QCOMPARE(count(u"select count(*) from s_log where logid='old'"_s), 0);
         const QStringList backups = QDir(v.home() + u"/DBBackup"_s).entryList({u"*.db"_s});
         QCOMPARE(backups, TestVenue::isPg() ? QStringList() : QStringList{u"202611212000.db"_s});
-    }
-
-    void secondStartKeepsHelpClosed() {
-        NEW_VENUE(v);
-        SetIni(u"IsTopRun"_s, u"1"_s);
-        SetIni(u"IsOpenHelp"_s, u"N"_s);
-        SetSetup(u"RefurbishTime"_s, u"30"_s);
-        frmMain w;
-        w.Init();
-        QVERIFY(!w.action(u"mnuQNHelp"_s)->isChecked());
-        QCOMPARE(texts(w, {"txtTime"}), u"30"_s);
-        QCOMPARE(w.refreshTimer()->interval(), 30000);
     }
 
     void guardedMenuAsksForTheRight() {

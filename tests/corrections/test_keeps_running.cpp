@@ -1,12 +1,14 @@
 // The program keeps running: a database error on a read path is shown and the window goes
 // on; sign-in and the first-run help do what one press and one first start ask.
 #include "AppState.h"
+#include "DbProbe.h"
 #include "FormProbe.h"
 #include "GuardedApplication.h"
 #include "Ini.h"
 #include "MessageBox.h"
 #include "ModalDriver.h"
 #include "RoomBoard.h"
+#include "Seed.h"
 #include "Settings.h"
 #include "TestVenue.h"
 #include "Venue.h"
@@ -17,43 +19,40 @@
 #include "frmOpenHouse.h"
 #include "frmOption.h"
 #include "frmPayLevel.h"
+#include <QAction>
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QStandardItemModel>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
+// A02 free; A01 in use with its bill.
 void seedRooms() {
-    DB().exec(QStringLiteral("insert into TheAssort (AssortID, AssortName, PayLevelID) values "
-                             "('t1', '小包', '00000000000000001')"));
-    DB().exec(QStringLiteral("insert into The (TheID, TheCode, AssortID, State, ExpenseID) values "
-                             "('r1', 'A01', 't1', 1, 'e1'), ('r2', 'A02', 't1', 0, '')"));
-    DB().exec(QStringLiteral("insert into Expense (ExpenseID, TheID, OpenTime, State, PayLevelID) values "
-                             "('e1', 'r1', '2026-11-21 19:00', 1, '00000000000000001')"));
+    addRoomType(u"t1"_s, u"小包"_s);
+    addRoom(u"r1"_s, u"A01"_s, u"t1"_s, 1);
+    addRoom(u"r2"_s, u"A02"_s, u"t1"_s);
+    DB().exec(u"update The set ExpenseID='e1' where TheID='r1'"_s);
+    DB().exec(u"insert into Expense (ExpenseID, TheID, OpenTime, State, PayLevelID) values "
+              "('e1', 'r1', '2026-11-21 19:00', 1, ?)"_s,
+              {StandardTariff});
 }
 
 // The documented text of an error in a procedure of a form, whatever its number.
 bool errorOf(const QStringList& shown, const QString& procedure, const QString& form,
-             const QString& kind = QStringLiteral("Form")) {
-    for (const QString& s : shown)
-        if (s.startsWith(QLatin1String("Error ")) &&
-            s.endsWith(QStringLiteral(" in procedure ") + procedure + QStringLiteral(" of ") + kind +
-                       QLatin1Char(' ') + form))
-            return true;
-    return false;
+             const QString& kind = u"Form"_s) {
+    const QString where = u" in procedure %1 of %2 %3"_s.arg(procedure, kind, form);
+    return std::any_of(shown.begin(), shown.end(),
+                       [&](const QString& s) { return s.startsWith(u"Error "_s) && s.endsWith(where); });
 }
 
-int failedSignIns() {
-    return DB()
-        .scalar(QStringLiteral("select count(*) from s_log where theContent=?"),
-                {QStringLiteral("操作员admin登录系统失败！")})
-        .toInt();
-}
 } // namespace
 
 class TestKeepsRunning : public QObject {
@@ -62,23 +61,22 @@ class TestKeepsRunning : public QObject {
     // The board's refresh comes round with the connection gone: one message, the program runs on,
     // and the memo is saved at the exit.
     void boardRefreshWithoutConnection() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         seedRooms();
-        SetSetup(QStringLiteral("RefurbishTime"), QStringLiteral("5"));
+        SetSetup(u"RefurbishTime"_s, u"5"_s);
         frmMain w;
         w.Init();
         QCOMPARE(w.board()->model()->rowCount(), 2);
         messages();
-        child<QPlainTextEdit>(w, "txtMemo")->setPlainText(QStringLiteral("交班：A01 欠款"));
+        child<QPlainTextEdit>(w, "txtMemo")->setPlainText(u"交班：A01 欠款"_s);
         DB().close();
         w.refreshTimer()->setInterval(5);
         QTest::qWait(60);
         const QStringList shown = messages();
-        QVERIFY(errorOf(shown, QStringLiteral("LoadRoomTabs"), QStringLiteral("frmMain")));
+        QVERIFY(errorOf(shown, u"LoadRoomTabs"_s, u"frmMain"_s));
         QCOMPARE(w.board()->model()->rowCount(), 2); // the board as it was
         w.SaveInfo();
-        QCOMPARE(GetIni(QStringLiteral("Remind")), QStringLiteral("交班：A01 欠款"));
+        QCOMPARE(GetIni(u"Remind"_s), u"交班：A01 欠款"_s);
     }
 
     void dialogLoadsWithoutConnection_data() {
@@ -89,49 +87,45 @@ class TestKeepsRunning : public QObject {
     }
     void dialogLoadsWithoutConnection() {
         QFETCH(QString, form);
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         seedRooms();
         DB().close();
         const std::map<std::string, std::function<void()>> open = {
-            {"frmOpenHouse", [] { QVERIFY(frmOpenHouse().Add(QStringLiteral("r2")).isEmpty()); }},
-            {"frmHouseChange", [] { QVERIFY(!frmHouseChange().Edit(QStringLiteral("e1"))); }},
+            {"frmOpenHouse", [] { QVERIFY(frmOpenHouse().Add(u"r2"_s).isEmpty()); }},
+            {"frmHouseChange", [] { QVERIFY(!frmHouseChange().Edit(u"e1"_s)); }},
             {"frmOption", [] { frmOption w; }},
             {"frmHouse", [] { QVERIFY(!frmHouse().Add()); }},
-            {"frmHouse edit", [] { QVERIFY(!frmHouse().Edit(QStringLiteral("r1"))); }},
-            {"frmPayLevel", [] { QVERIFY(!frmPayLevel().Edit(QStringLiteral("00000000000000001"))); }},
+            {"frmHouse edit", [] { QVERIFY(!frmHouse().Edit(u"r1"_s)); }},
+            {"frmPayLevel", [] { QVERIFY(!frmPayLevel().Edit(u"00000000000000001"_s)); }},
         };
         open.at(form.toStdString())();
-        QVERIFY2(errorOf(messages(), QStringLiteral("Form_Load"), form.section(QLatin1Char(' '), 0, 0)),
-                 qPrintable(form));
+        QVERIFY2(errorOf(messages(), u"Form_Load"_s, form.section(QLatin1Char(' '), 0, 0)), qPrintable(form));
     }
 
     // A sign-in again whose database does not open: the board waits instead of failing under it,
     // and the next sign-in brings it back.
     void reloginWhoseReopenFails() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         seedRooms();
-        SetSetup(QStringLiteral("RefurbishTime"), QStringLiteral("5"));
+        SetSetup(u"RefurbishTime"_s, u"5"_s);
         frmMain w;
         w.Init();
         w.refreshTimer()->setInterval(5);
-        SetIni(QStringLiteral("DBType"), QStringLiteral("1"));
-        SetIni(QStringLiteral("DBServer"), QStringLiteral("127.0.0.1"));
-        SetIni(QStringLiteral("DBPort"), QStringLiteral("1"));
+        for (const auto& [key, value] :
+             {std::pair{"DBType", "1"}, {"DBServer", "127.0.0.1"}, {"DBPort", "1"}})
+            SetIni(QLatin1String(key), QLatin1String(value));
         messages();
-        onModal(QStringLiteral("frmLogin"), [&v](QDialog* d) {
+        onModal(u"frmLogin"_s, [&v](QDialog* d) {
             auto* login = static_cast<frmLogin*>(d);
-            d->findChild<QLineEdit*>(QStringLiteral("txtUserName"))->setText(QStringLiteral("admin"));
+            d->findChild<QLineEdit*>(u"txtUserName"_s)->setText(u"admin"_s);
             login->cmdOK_Click();
             QTest::qWait(60); // the refresh would come round meanwhile
             Venue::saveConnection(v.home(), v.config());
             login->cmdOK_Click();
         });
         w.Relogin();
-        QCOMPARE(messages(),
-                 (QStringList{QStringLiteral("没能打开系统的数据库，请检查您的数据库配置是否正确！"),
-                              QStringLiteral("无效的登录名或密码，请重试!")}));
+        QCOMPARE(messages(), (QStringList{u"没能打开系统的数据库，请检查您的数据库配置是否正确！"_s,
+                                          u"无效的登录名或密码，请重试!"_s}));
         QVERIFY(w.refreshTimer()->isActive());
         QCOMPARE(w.board()->model()->rowCount(), 2);
     }
@@ -139,71 +133,72 @@ class TestKeepsRunning : public QObject {
     // Settings that cannot be read: the message of LoadSetupValue, the values held stay, and
     // the rest of the start (help, memo, board) runs.
     void startWithUnreadableSettings() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         seedRooms();
-        SetIni(QStringLiteral("Remind"), QStringLiteral("备忘"));
+        SetIni(u"Remind"_s, u"备忘"_s);
         App().AllDiscount = 0.8f;
-        DB().exec(QStringLiteral("alter table pSetup rename to pSetupGone"));
+        DB().exec(u"alter table pSetup rename to pSetupGone"_s);
         frmMain w;
         w.Init();
         const QStringList shown = messages();
-        QVERIFY(errorOf(shown, QStringLiteral("LoadSetupValue"), QStringLiteral("mdMain"),
-                        QStringLiteral("Module")));
+        QVERIFY(errorOf(shown, u"LoadSetupValue"_s, u"mdMain"_s, u"Module"_s));
         QCOMPARE(App().AllDiscount, 0.8f);
-        QCOMPARE(child<QPlainTextEdit>(w, "txtMemo")->toPlainText(), QStringLiteral("备忘"));
+        QCOMPARE(child<QPlainTextEdit>(w, "txtMemo")->toPlainText(), u"备忘"_s);
         QCOMPARE(w.board()->model()->rowCount(), 2);
-        DB().exec(QStringLiteral("alter table pSetupGone rename to pSetup"));
+        DB().exec(u"alter table pSetupGone rename to pSetup"_s);
     }
 
     // An error no slot caught is shown, the memo is saved first, and the program goes on.
     void lastResort() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         auto* app = static_cast<GuardedApplication*>(QCoreApplication::instance());
         int saved = 0;
         app->setOnError([&saved] { ++saved; });
         QTimer t;
-        t.setObjectName(QStringLiteral("tmTest"));
+        t.setObjectName(u"tmTest"_s);
         t.setSingleShot(true);
-        connect(&t, &QTimer::timeout, this, [] { throw DbError(7, QStringLiteral("磁盘已满")); });
+        connect(&t, &QTimer::timeout, this, [] { throw DbError(7, u"磁盘已满"_s); });
         t.start(0);
         QTest::qWait(20);
         app->setOnError({});
         QCOMPARE(saved, 1);
-        QCOMPARE(messages(),
-                 QStringList{QStringLiteral("Error 7 (磁盘已满) in procedure tmTest of Form frmMain")});
+        QCOMPARE(messages(), QStringList{u"Error 7 (磁盘已满) in procedure tmTest of Form frmMain"_s});
     }
 
     // One Enter after a wrong password: one attempt, one message, one log row.
     void enterAfterWrongPassword() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         DB().close();
         frmLogin dlg;
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        child<QLineEdit>(dlg, "txtUserName")->setText(QStringLiteral("admin"));
+        child<QLineEdit>(dlg, "txtUserName")->setText(u"admin"_s);
         auto* pw = child<QLineEdit>(dlg, "txtPassword");
-        pw->setText(QStringLiteral("wrong"));
+        pw->setText(u"wrong"_s);
         pw->setFocus();
         QTest::keyClick(pw, Qt::Key_Return);
-        QCOMPARE(messages(), QStringList{QStringLiteral("无效的登录名或密码，请重试!")});
-        QCOMPARE(failedSignIns(), 1);
+        QCOMPARE(messages(), QStringList{u"无效的登录名或密码，请重试!"_s});
+        QCOMPARE(count(u"select count(*) from s_log where theContent=?"_s, {u"操作员admin登录系统失败！"_s}),
+                 1);
     }
 
-    // With IsOpenHelp "N" and no IsTopRun the help shows at the first start only.
+    // With IsOpenHelp "N" and no IsTopRun the help shows at the first start only; each start
+    // refreshes the board as often as the venue asks.
     void firstRunHelpOnce() {
-        TestVenue v;
-        OPEN_VENUE(v);
-        SetIni(QStringLiteral("IsOpenHelp"), QStringLiteral("N"));
+        NEW_VENUE(v);
+        SetIni(u"IsOpenHelp"_s, u"N"_s);
+        SetSetup(u"RefurbishTime"_s, u"30"_s);
         for (const bool first : {true, false}) {
             frmMain w;
             w.Init();
-            QCOMPARE(w.findChild<QDockWidget*>(QStringLiteral("dockHelp"))->isVisibleTo(&w), first);
+            QCOMPARE(QList<bool>({w.findChild<QDockWidget*>(u"dockHelp"_s)->isVisibleTo(&w),
+                                  w.action(u"mnuQNHelp"_s)->isChecked()}),
+                     QList<bool>(2, first));
+            QCOMPARE(texts(w, {"txtTime"}) + u' ' + QString::number(w.refreshTimer()->interval()),
+                     u"30 30000"_s);
             w.SaveInfo();
         }
-        QCOMPARE(GetIni(QStringLiteral("IsOpenHelp")), QStringLiteral("N"));
+        QCOMPARE(GetIni(u"IsOpenHelp"_s), u"N"_s);
     }
 };
 

@@ -11,11 +11,9 @@
 #include "SignIn.h"
 #include "StoredValueService.h"
 #include "TestVenue.h"
-#include "Together.h"
 #include <QImage>
 #include <QTemporaryFile>
 #include <QTest>
-#include <atomic>
 
 using namespace Qt::StringLiterals;
 
@@ -415,22 +413,6 @@ class TestMembers : public QObject {
         QVERIFY(s.ok());
         QCOMPARE(s.warning->message, u"充值失败，没找个此会员的资料！请核对此会员数据是否已被清除！"_s);
         QCOMPARE(count(u"select count(*) from chongzhi where MemberCode='gone'"_s), 1);
-    }
-
-    // Two cashiers topping up one card at the same moment: every top-up counts.
-    void concurrent_topups() {
-        NEW_VENUE(v);
-        addClass(u"s1"_s, u"普通"_s, 0, 10);
-        addMember(u"M1"_s, u"张三"_s, u"s1"_s, Money::yuan(100));
-        constexpr int Each = 15;
-        std::atomic<int> saved{0};
-        together(v.config(), 2, [&](Db& db, int n) {
-            for (int i = 0; i < Each; ++i)
-                if (StoredValueService(db).save({u"M1"_s, u"1"_s, QString::number(n), {}}).ok()) ++saved;
-        });
-        QCOMPARE(saved.load(), 2 * Each);
-        QCOMPARE(count(u"select count(*) from chongzhi"_s), 2 * Each);
-        QCOMPARE(balanceOf(u"M1"_s), Money::yuan(100 + Each * 1 + Each * 2));
     }
 
     void period_data() { // clang-format off

@@ -151,7 +151,6 @@ class TestGoods : public QObject {
         QTest::newRow("cost empty") << "cost" << "品项成本只能输入数字！" << "txtProcurePrice";
         QTest::newRow("commission text") << "ticheng" << "员工提成只能输入数字！" << "txtTicheng";
         QTest::newRow("no type") << "type" << "请选择品项所属分类！" << "imgcmbWareType";
-        QTest::newRow("price beyond money") << "huge" << "品项单价超出范围！" << "txtPrice";
         QTest::newRow("negatives pass") << "negative" << "" << ""; // clang-format on
     }
     void wareChecks() {
@@ -161,7 +160,6 @@ class TestGoods : public QObject {
         in.wareName = what == u"name"_s ? u" "_s : u"青岛啤酒"_s;
         in.price = what == u"price0"_s || what == u"name"_s ? u"0.00"_s
                    : what == u"priceText"_s                 ? u"十元"_s
-                   : what == u"huge"_s                      ? u"1e300"_s
                                                             : u"12.5"_s;
         if (what == u"cost"_s) in.procurePrice = QString();
         if (what == u"ticheng"_s) in.tiCheng = u"1元"_s;

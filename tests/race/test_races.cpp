@@ -1,3 +1,4 @@
+#include "DbProbe.h"
 #include "RaceVenue.h"
 #include "TestVenue.h"
 #include <QProcess>
@@ -5,6 +6,8 @@
 #include <QTest>
 #include <memory>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 // Several tills at once, as separate processes on one database: each scenario's rounds are
 // played by eight workers in shared time slots, then the outcomes and the data are checked.
@@ -15,11 +18,11 @@ class TestRaces : public QObject {
     static constexpr int Rounds = 15;
 
     QString dbArg(const TestVenue& v) const {
-        return TestVenue::isPg() ? QStringLiteral("pg:") + qEnvironmentVariable("SINGBOX_TEST_PG")
-                                 : QStringLiteral("sqlite:") + v.config().file;
+        return TestVenue::isPg() ? u"pg:"_s + qEnvironmentVariable("SINGBOX_TEST_PG")
+                                 : u"sqlite:"_s + v.config().file;
     }
     QString schemaArg(const TestVenue& v) const {
-        return v.config().schema.isEmpty() ? QStringLiteral("-") : v.config().schema;
+        return v.config().schema.isEmpty() ? u"-"_s : v.config().schema;
     }
     std::unique_ptr<QProcess> start(const QStringList& args) const {
         auto p = std::make_unique<QProcess>();
@@ -37,57 +40,50 @@ class TestRaces : public QObject {
 
     void races() {
         QFETCH(QString, scenario);
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         Race::prepare(DB(), scenario, Rounds, Workers);
         const qint64 begin = QDateTime::currentMSecsSinceEpoch() + 1500;
         std::vector<std::unique_ptr<QProcess>> tills;
         for (int w = 0; w < Workers; ++w)
             tills.push_back(
                 start({dbArg(v), schemaArg(v), scenario, QString::number(w), QString::number(Workers),
-                       QString::number(Rounds), QString::number(begin), QStringLiteral("100")}));
+                       QString::number(Rounds), QString::number(begin), u"100"_s}));
         QList<int> wins(Rounds, 0);
         QStringList raw;
         for (auto& p : tills) {
             QVERIFY(p->waitForFinished(60000));
             QCOMPARE(p->exitCode(), 0);
             const QStringList lines =
-                QString::fromUtf8(p->readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+                QString::fromUtf8(p->readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
             QCOMPARE(lines.size(), Rounds);
             for (const QString& l : lines) {
-                const QString round = l.section(QLatin1Char('\t'), 0, 0),
-                              said = l.section(QLatin1Char('\t'), 1);
-                if (said == QLatin1String("OK"))
-                    ++wins[round.toInt()];
+                const QString said = l.section(u'\t', 1);
+                if (said == u"OK"_s)
+                    ++wins[l.section(u'\t', 0, 0).toInt()];
                 else if (Race::isRawError(said) || said.isEmpty())
                     raw << said;
             }
         }
-        QVERIFY2(raw.isEmpty(), qPrintable(raw.join(QLatin1Char('\n'))));
+        QVERIFY2(raw.isEmpty(), qPrintable(raw.join(u'\n')));
         const int expected = Race::expectedWins(scenario, Workers);
         for (int r = 0; r < Rounds; ++r)
             if (expected >= 0)
                 QCOMPARE(wins[r], expected);
             else
                 QVERIFY(wins[r] >= 1);
-        const QStringList broken = Race::brokenInvariants(DB());
-        QVERIFY2(broken.isEmpty(), qPrintable(broken.join(QLatin1Char('\n'))));
-        if (scenario == QLatin1String("topup"))
-            QCOMPARE(DB().query(QStringLiteral("select chongzhi from Member where MemberCode='T'"))
-                         .first()
-                         .money(QStringLiteral("chongzhi")),
-                     Money::yuan(10 * Workers * Rounds));
-        if (scenario == QLatin1String("lines"))
-            QCOMPARE(DB().scalar(QStringLiteral("select count(*) from ExpenseDetail where ExpenseID='E-L'"))
-                         .toInt(),
+        QCOMPARE(Race::brokenInvariants(DB()), QStringList());
+        if (scenario == u"topup"_s)
+            QCOMPARE(count(u"select chongzhi from Member where MemberCode='T'"_s),
+                     Money::yuan(10 * Workers * Rounds).raw());
+        if (scenario == u"lines"_s)
+            QCOMPARE(count(u"select count(*) from ExpenseDetail where ExpenseID='E-L'"_s),
                      1 + Workers * Rounds);
     }
 
     // Tills killed at random moments of a mixed load: after every kill the data still holds
     // together and every settled bill has its slip. SINGBOX_CRASH_SECONDS makes the run longer.
     void crash_loop() {
-        TestVenue v;
-        OPEN_VENUE(v);
+        NEW_VENUE(v);
         Race::prepareMixed(DB());
         const int seconds = qEnvironmentVariableIntValue("SINGBOX_CRASH_SECONDS") > 0
                                 ? qEnvironmentVariableIntValue("SINGBOX_CRASH_SECONDS")
@@ -95,16 +91,14 @@ class TestRaces : public QObject {
         QRandomGenerator g(20261123);
         quint32 seed = 1;
         const auto till = [&] {
-            return start({dbArg(v), schemaArg(v), QStringLiteral("mixed"), QString::number(seed++ * 100000)});
+            return start({dbArg(v), schemaArg(v), u"mixed"_s, QString::number(seed++ * 100000)});
         };
         std::vector<std::unique_ptr<QProcess>> tills;
         for (int i = 0; i < 3; ++i)
             tills.push_back(till());
         QStringList raw;
         const auto collect = [&](QProcess& p) {
-            for (const QString& l :
-                 QString::fromUtf8(p.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts))
-                raw << l;
+            raw << QString::fromUtf8(p.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
         };
         QDeadlineTimer end(qint64(seconds) * 1000);
         int kills = 0;
@@ -116,8 +110,7 @@ class TestRaces : public QObject {
             collect(*victim);
             ++kills;
             const QStringList broken = Race::brokenInvariants(DB());
-            QVERIFY2(broken.isEmpty(), qPrintable(QStringLiteral("after kill %1: ").arg(kills) +
-                                                  broken.join(QLatin1Char('\n'))));
+            QVERIFY2(broken.isEmpty(), qPrintable(u"after kill %1: "_s.arg(kills) + broken.join(u'\n')));
             victim = till();
         }
         for (auto& p : tills) {
@@ -125,12 +118,11 @@ class TestRaces : public QObject {
             p->waitForFinished(5000);
             collect(*p);
         }
-        QVERIFY2(raw.isEmpty(), qPrintable(raw.join(QLatin1Char('\n'))));
-        const QStringList broken = Race::brokenInvariants(DB());
-        QVERIFY2(broken.isEmpty(), qPrintable(broken.join(QLatin1Char('\n'))));
-        QVERIFY(DB().scalar(QStringLiteral("select count(*) from Expense where State=0")).toInt() > 0);
-        qInfo("%d kills, %d bills settled", kills,
-              DB().scalar(QStringLiteral("select count(*) from Expense where State=0")).toInt());
+        QVERIFY2(raw.isEmpty(), qPrintable(raw.join(u'\n')));
+        QCOMPARE(Race::brokenInvariants(DB()), QStringList());
+        const qint64 settled = count(u"select count(*) from Expense where State=0"_s);
+        QVERIFY(settled > 0);
+        qInfo("%d kills, %lld bills settled", kills, settled);
     }
 };
 

@@ -10,10 +10,8 @@
 #include "RoomUse.h"
 #include "Seed.h"
 #include "TestVenue.h"
-#include "Together.h"
 #include "fExpense.h"
 #include <QtTest>
-#include <atomic>
 
 using namespace Qt::StringLiterals;
 
@@ -115,24 +113,6 @@ class TestRoomUse : public QObject {
         if (!opens) QCOMPARE(o.refusal->message, RoomText::stateChanged());
         // Opening leaves a reservation as it was.
         QCOMPARE(count(u"select count(*) from Reservation where ReservationID='res' and state=0"_s), 1);
-    }
-    void open_race_gives_one_bill() {
-        NEW_VENUE(v);
-        addRoomType(u"a"_s, u"小包"_s);
-        addRoom(u"r1"_s, u"101"_s, u"a"_s);
-        constexpr int Rounds = 10;
-        for (int round = 0; round < Rounds; ++round) {
-            DB().exec(u"update The set State=0, ExpenseID='' where TheID='r1'"_s);
-            DB().exec(u"delete from Expense"_s);
-            std::atomic<int> opened{0}, refused{0};
-            together(v.config(), 2, [&](Db& db, int) {
-                (RoomUseService(db).open(input(u"r1"_s)).ok() ? opened : refused)++;
-            });
-            QCOMPARE(opened.load(), 1);
-            QCOMPARE(refused.load(), 1);
-            QCOMPARE(room(u"r1"_s),
-                     u"1|"_s + text(u"select ExpenseID from Expense where TheID='r1' and State=1"_s));
-        }
     }
     void change_validates_data() { // clang-format off
         columns<QString, QString>("code", "message");

@@ -279,29 +279,6 @@ class TestCheckout : public QObject {
             got << r.text(u"ExpenseID"_s);
         QCOMPARE(got, found);
     }
-    // Two workstations press F4 on one bill at the same moment: one closes it, the other is
-    // told, and the member is charged once.
-    void race_of_two_checkouts() {
-        NEW_VENUE(v);
-        addVenue();
-        constexpr int Rounds = 8;
-        for (int round = 0; round < Rounds; ++round) {
-            const QString id = u"e%1"_s.arg(round);
-            openBill(id, u"r1"_s, Lines);
-            const Money before = balance();
-            const CheckoutInput in = input(id, CloseMode::Paid, u"M1"_s, u"5"_s, u"500"_s);
-            std::atomic<int> saved{0}, changed{0};
-            together(v.config(), 2, [&](Db& db, int) {
-                const CheckoutDone d = CheckoutService(db).close(in);
-                if (d.saved) ++saved;
-                if (d.billChanged) ++changed;
-            });
-            QCOMPARE(saved.load(), 1);
-            QCOMPARE(changed.load(), 1);
-            QCOMPARE(balance(), before - yuan(5));
-            QCOMPARE(room(u"r1"_s), u"0||"_s);
-        }
-    }
     // Top-ups on one workstation while another settles bills with the card: every top-up and
     // every payment counts.
     void topup_during_checkout_is_kept() {
