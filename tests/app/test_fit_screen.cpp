@@ -14,6 +14,7 @@
 #include "frmEmployee.h"
 #include "frmExpenseAmalgamate.h"
 #include "frmExpenseDetail.h"
+#include "frmOutSale.h"
 #include "frmHouseChange.h"
 #include "frmMain.h"
 #include "frmMember.h"
@@ -82,6 +83,8 @@ void TestFitScreen::windows_fit_data() {
                                     << "OKButton txtjzrInfo";
     QTest::newRow("order entry") << "frmExpenseDetail"
                                  << "cmdAdd txtInput lblThisSum";
+    QTest::newRow("retail sale") << "frmOutSale"
+                                 << "OKButton cmdAdd txtInput txtOughtMoney txtFactPay txtTemp";
     QTest::newRow("open") << "frmOpenHouse"
                           << "OKButton";
     QTest::newRow("change") << "frmHouseChange"
@@ -115,6 +118,7 @@ void TestFitScreen::windows_fit() {
         {u"frmCloseHouse"_s, dialog<frmCloseHouse>([](auto* d, auto& b) { d->prepare(b, false); return true; })},
         {u"frmCloseHouse-deferred"_s, dialog<frmCloseHouse>([](auto* d, auto&) { d->prepare({}, true); return true; })},
         {u"frmExpenseDetail"_s, dialog<frmExpenseDetail>([](auto* d, auto& b) { d->Init(b); return true; })},
+        {u"frmOutSale"_s, dialog<frmOutSale>([](auto* d, auto&) { d->Init(); return true; })},
         {u"frmOpenHouse"_s, dialog<frmOpenHouse>([](auto* d, auto&) { return d->prepare(u"r2"_s); })},
         {u"frmHouseChange"_s, dialog<frmHouseChange>([](auto* d, auto& b) { return d->prepare(b); })},
         {u"frmExpenseAmalgamate"_s, dialog<frmExpenseAmalgamate>([](auto* d, auto&) { d->prepare(); return true; })},
