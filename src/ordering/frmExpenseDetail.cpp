@@ -5,6 +5,7 @@
 #include "EnterMovesOn.h"
 #include "ExpenseLines.h"
 #include "Format.h"
+#include "GoodsViews.h"
 #include "Ini.h"
 #include "ListSort.h"
 #include "NewID.h"
@@ -24,28 +25,6 @@
 #include <QStyle>
 
 namespace {
-// Marks a line ordered in this opening of the window.
-QIcon newLineIcon() {
-    static const QIcon icon = [] {
-        QPixmap pix(16, 16);
-        pix.fill(Qt::transparent);
-        QPainter p(&pix);
-        p.setRenderHint(QPainter::Antialiasing);
-        p.setPen(Qt::NoPen);
-        p.setBrush(QColor(0x2e, 0x7d, 0x32));
-        p.drawEllipse(QRectF(3, 3, 10, 10));
-        return QIcon(pix);
-    }();
-    return icon;
-}
-
-// An icon that looks otherwise while its item is selected.
-QIcon pairIcon(const QStyle* style, QStyle::StandardPixmap normal, QStyle::StandardPixmap selected) {
-    QIcon icon = style->standardIcon(normal);
-    icon.addPixmap(style->standardIcon(selected).pixmap(16, 16), QIcon::Selected);
-    return icon;
-}
-
 void traps(QWidget* form, const DbError& e, const char* procedure) {
     Msg::show(form, e.message(QLatin1String(procedure), QStringLiteral("frmExpenseDetail")),
               Msg::Icon::Critical);
@@ -137,46 +116,13 @@ void frmExpenseDetail::Init(const QString& expenseID) {
 
 // The list and the tree from one reading of the goods, priced once.
 void frmExpenseDetail::fillGoods() {
-    ui->lvwWare->clear();
-    ui->tvWare->clear();
-    m_listItems.clear();
-    const QIcon folder = pairIcon(style(), QStyle::SP_DirClosedIcon, QStyle::SP_DirOpenIcon);
-    const QIcon file = pairIcon(style(), QStyle::SP_FileIcon, QStyle::SP_FileLinkIcon);
-
-    QHash<QString, QTreeWidgetItem*> types;
-    QList<QTreeWidgetItem*> roots;
-    for (const WareTypeNode& t : m_entry.wareTypes()) {
-        auto* node = new QTreeWidgetItem({t.name});
-        node->setData(0, KeyRole, QString(QStringLiteral("T") + t.id));
-        node->setIcon(0, folder);
-        types.insert(t.id, node);
-        roots << node;
-    }
-    QList<QTreeWidgetItem*> rows;
-    const QList<PricedWare>& goods = m_entry.goods();
-    rows.reserve(goods.size());
-    for (int i = 0; i < goods.size(); ++i) {
-        const PricedWare& w = goods[i];
-        const QString key = QStringLiteral("K") + w.wareID;
-        auto* it = new QTreeWidgetItem(
-            {w.mnemonics, w.wareName, w.decided.text, w.price.toString2(), w.tiCheng.toString2()});
-        it->setData(0, KeyRole, key);
-        it->setData(0, IndexRole, i);
-        for (int c : {2, 3, 4})
-            it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
-        rows << it;
-        m_listItems.insert(w.wareID, it);
-        // Goods of a type that is gone have no place in the tree; the list still has them.
-        if (QTreeWidgetItem* parent = types.value(w.wareTypeID)) {
-            auto* node = new QTreeWidgetItem(parent, {OrderEntry::treeText(w)});
-            node->setData(0, KeyRole, key);
-            node->setData(0, TagRole, Val(w.decided.text));
-            node->setIcon(0, file);
-        }
-    }
-    ui->lvwWare->addTopLevelItems(rows);
-    ui->tvWare->addTopLevelItems(roots);
-    ui->tvWare->expandAll();
+    m_listItems = GoodsViews::Fill(
+        ui->lvwWare, ui->tvWare, m_entry.wareTypes(), m_entry.goods(),
+        [](const PricedWare& w) {
+            return QStringList{w.mnemonics, w.wareName, w.decided.text, w.price.toString2(),
+                               w.tiCheng.toString2()};
+        },
+        [](const PricedWare& w) { return OrderEntry::treeText(w); });
     ui->lblAllDiscount->setText(m_entry.allDiscountCaption());
     for (const QString& warning : m_entry.priceWarnings())
         Msg::warn(this, warning);
@@ -227,7 +173,7 @@ void frmExpenseDetail::AddDetailToList(const OrderedLine& line) {
                                     line.operatorName});
     it->setData(0, ExpenseLineRole::Key, QString(QStringLiteral("K") + line.detailID));
     it->setData(0, ExpenseLineRole::WareID, line.wareID);
-    it->setIcon(0, newLineIcon());
+    it->setIcon(0, GoodsViews::NewLineIcon());
     for (int c : {1, 2, 3})
         it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
     ui->lvwDetail->addTopLevelItem(it);

@@ -15,6 +15,7 @@ class frmExpenseDetail : public QDialog {
     Q_OBJECT
   public:
     // Data roles of the goods list and tree items (column 0).
+    // The goods views' roles; the price role is the tag of a goods node.
     enum Role { KeyRole = Qt::UserRole, IndexRole, TagRole };
 
     explicit frmExpenseDetail(QWidget* parent = nullptr);

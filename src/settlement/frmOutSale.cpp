@@ -2,8 +2,10 @@
 #include "AppState.h"
 #include "Clock.h"
 #include "EnterMovesOn.h"
+#include "GoodsViews.h"
 #include "Ini.h"
 #include "MessageBox.h"
+#include "NewID.h"
 #include "OutSaleService.h"
 #include "PrintUi.h"
 #include "Puissance.h"
@@ -24,27 +26,8 @@
 
 namespace {
 const char* FormName = "frmOutSale";
-enum Role { KeyRole = Qt::UserRole, TagRole };
-
-QIcon newLineIcon() {
-    static const QIcon icon = [] {
-        QPixmap pix(16, 16);
-        pix.fill(Qt::transparent);
-        QPainter p(&pix);
-        p.setRenderHint(QPainter::Antialiasing);
-        p.setPen(Qt::NoPen);
-        p.setBrush(QColor(0x2e, 0x7d, 0x32));
-        p.drawEllipse(QRectF(3, 3, 10, 10));
-        return QIcon(pix);
-    }();
-    return icon;
-}
-
-QIcon pairIcon(const QStyle* style, QStyle::StandardPixmap normal, QStyle::StandardPixmap selected) {
-    QIcon icon = style->standardIcon(normal);
-    icon.addPixmap(style->standardIcon(selected).pixmap(16, 16), QIcon::Selected);
-    return icon;
-}
+// A list row's goods index is in the goods views' index role; a sale line keeps its WareID there.
+enum Role { KeyRole = GoodsViews::KeyRole, TagRole = GoodsViews::IndexRole };
 
 void setText(QLineEdit* box, const QString& text) {
     if (box->text() == text) return;
@@ -148,42 +131,14 @@ void frmOutSale::Init() {
 
 // The list and the tree from one reading of the goods, priced once.
 void frmOutSale::fillGoods() {
-    ui->lvwWare->clear();
-    ui->tvWare->clear();
-    m_listItems.clear();
-    const QIcon folder = pairIcon(style(), QStyle::SP_DirClosedIcon, QStyle::SP_DirOpenIcon);
-    const QIcon file = pairIcon(style(), QStyle::SP_FileIcon, QStyle::SP_FileLinkIcon);
-    QHash<QString, QTreeWidgetItem*> types;
-    QList<QTreeWidgetItem*> roots;
-    for (const WareTypeNode& t : m_goods.wareTypes()) {
-        auto* node = new QTreeWidgetItem({t.name});
-        node->setData(0, KeyRole, QString(QStringLiteral("T") + t.id));
-        node->setIcon(0, folder);
-        types.insert(t.id, node);
-        roots << node;
-    }
-    QList<QTreeWidgetItem*> rows;
-    const QList<PricedWare>& goods = m_goods.goods();
-    for (int i = 0; i < goods.size(); ++i) {
-        const PricedWare& w = goods[i];
-        const QString key = QStringLiteral("K") + w.wareID;
-        auto* it = new QTreeWidgetItem({w.mnemonics, w.wareName, w.decided.text, w.price.toString2()});
-        it->setData(0, KeyRole, key);
-        it->setData(0, TagRole, i);
-        for (int c : {2, 3})
-            it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
-        rows << it;
-        m_listItems.insert(key, it);
-        if (QTreeWidgetItem* parent = types.value(w.wareTypeID)) {
-            auto* node = new QTreeWidgetItem(
-                parent, {w.wareName + QStringLiteral("   (") + w.decided.text + QLatin1Char(')')});
-            node->setData(0, KeyRole, key);
-            node->setIcon(0, file);
-        }
-    }
-    ui->lvwWare->addTopLevelItems(rows);
-    ui->tvWare->addTopLevelItems(roots);
-    ui->tvWare->expandAll();
+    m_listItems = GoodsViews::Fill(
+        ui->lvwWare, ui->tvWare, m_goods.wareTypes(), m_goods.goods(),
+        [](const PricedWare& w) {
+            return QStringList{w.mnemonics, w.wareName, w.decided.text, w.price.toString2()};
+        },
+        [](const PricedWare& w) {
+            return w.wareName + QStringLiteral("   (") + w.decided.text + QLatin1Char(')');
+        });
     ui->lblAllDiscount->setText(m_goods.allDiscountCaption());
     for (const QString& warning : m_goods.priceWarnings())
         Msg::warn(this, warning);
@@ -196,7 +151,7 @@ void frmOutSale::AddLine() {
         if (!node || !node->isSelected()) return;
         const QString key = node->data(0, KeyRole).toString();
         if (key.isEmpty() || key.at(0).toLower() == QLatin1Char('t')) return;
-        if (QTreeWidgetItem* row = m_listItems.value(key)) ui->lvwWare->setCurrentItem(row);
+        if (QTreeWidgetItem* row = m_listItems.value(StripKey(key))) ui->lvwWare->setCurrentItem(row);
     }
     const QTreeWidgetItem* row = ui->lvwWare->currentItem();
     if (!row || !row->isSelected()) return;
@@ -210,7 +165,7 @@ void frmOutSale::AddLine() {
                                     l.amount.toString2(), l.isFree ? QStringLiteral("是") : QString()});
     it->setData(0, KeyRole, l.key);
     it->setData(0, TagRole, l.wareID);
-    it->setIcon(0, newLineIcon());
+    it->setIcon(0, GoodsViews::NewLineIcon());
     for (int c : {1, 2, 3})
         it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
     ui->lvwDetail->addTopLevelItem(it);

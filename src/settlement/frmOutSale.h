@@ -46,6 +46,6 @@ class frmOutSale : public QDialog {
     std::unique_ptr<Ui::frmOutSale> ui;
     OrderEntry m_goods;
     OutSaleModel m_model;
-    QHash<QString, QTreeWidgetItem*> m_listItems; // "K" + WareID -> its row of lvwWare
+    QHash<QString, QTreeWidgetItem*> m_listItems; // WareID -> its row of lvwWare
     bool m_saved = false;
 };
