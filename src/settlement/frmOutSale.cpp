@@ -136,7 +136,7 @@ void frmOutSale::fillGoods() {
         [](const PricedWare& w) {
             return QStringList{w.mnemonics, w.wareName, w.decided.text, w.price.toString2()};
         },
-        [](const PricedWare& w) {
+        [](const PricedWare& w) -> QString {
             return w.wareName + QStringLiteral("   (") + w.decided.text + QLatin1Char(')');
         });
     ui->lblAllDiscount->setText(m_goods.allDiscountCaption());
