@@ -2,6 +2,7 @@
 # Builds the Debian package from the built tree into a scratch folder, unpacks it into a
 # scratch root and checks what a desktop installs: the menu entry, the metainfo, the icons,
 # the manual page, and the installed program answering --version, --help and --init.
+# Run it after a build: cpack first brings the build tree up to date.
 # usage: test_package.sh BUILD_DIR VERSION
 set -euo pipefail
 build=$1
