@@ -4,9 +4,16 @@ target_compile_features(singbox_settings INTERFACE cxx_std_20)
 target_compile_definitions(singbox_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CONTEXTLESS_CONNECT QT_USE_QSTRINGBUILDER
   QT_NO_KEYWORDS)
-target_compile_options(singbox_settings INTERFACE -Wall -Wextra -Werror -Wno-deprecated-declarations
-  # GCC 12 reports false positives inside Qt's inline string code.
-  -Wno-maybe-uninitialized)
+if(MSVC)
+  # Sources are UTF-8 with Chinese texts; C4996 is the deprecation warning.
+  # Not yet compiled with MSVC, so its warnings do not stop the build there.
+  target_compile_options(singbox_settings INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus /wd4996)
+  target_compile_definitions(singbox_settings INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
+else()
+  target_compile_options(singbox_settings INTERFACE -Wall -Wextra -Werror -Wno-deprecated-declarations
+    # GCC 12 reports false positives inside Qt's inline string code.
+    -Wno-maybe-uninitialized)
+endif()
 
 # singbox_add_test(NAME <name> SOURCES ... LIBS ... LABELS ... [DB])
 # A DB test runs once on SQLite and, when SINGBOX_TEST_PG is set at configure

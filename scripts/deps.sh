@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build, the program and the tests need, when missing.
+# Installs the Debian packages the build, the program, the package and the tests need, when missing.
 set -euo pipefail
 pkgs=(
   build-essential cmake ninja-build ccache pkg-config git
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libqt6svg6-dev qt6-charts-dev
   libgl-dev libsodium-dev libsqlite3-dev libicu-dev libxlsxwriter-dev libbenchmark-dev
   postgresql fonts-noto-cjk xvfb xauth xdg-utils poppler-utils
+  dpkg-dev file desktop-file-utils appstream
 )
 missing=()
 for p in "${pkgs[@]}"; do

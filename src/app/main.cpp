@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFontDatabase>
+#include <QIcon>
 #include <QTimer>
 #include <cstdio>
 
@@ -54,8 +55,12 @@ struct Options {
 
 Options parse(const QCoreApplication& app) {
     QCommandLineParser cli;
-    cli.setApplicationDescription(QStringLiteral("星澜KTV"));
+    cli.setApplicationDescription(QStringLiteral(
+        "星澜KTV: rooms, orders, checkout and members of a karaoke venue.\n"
+        "Without --home the venue folder is SINGBOX_HOME, else the program's own folder\n"
+        "when writable (never for an installed program), else the user's application-data folder."));
     cli.addHelpOption();
+    cli.addVersionOption();
     QCommandLineOption home(QStringLiteral("home"), QStringLiteral("venue folder"), QStringLiteral("DIR"));
     QCommandLineOption init(QStringLiteral("init"), QStringLiteral("create or upgrade the venue and exit"));
     QCommandLineOption demo(QStringLiteral("demo"), QStringLiteral("add a small demo venue"));
@@ -63,16 +68,23 @@ Options parse(const QCoreApplication& app) {
     cli.process(app);
     return {Venue::resolveHome(cli.value(home)), cli.isSet(init), cli.isSet(demo)};
 }
+
+bool isHeadlessOption(const char* arg) {
+    for (const char* o : {"--init", "-init", "--version", "-v", "--help", "-h", "-?", "--help-all"})
+        if (qstrcmp(arg, o) == 0) return true;
+    return false;
+}
 } // namespace
 
 int main(int argc, char* argv[]) {
-    // Setting up a venue needs no screen: deployment scripts run it headless.
+    // Setting up a venue, the version and the help need no screen: deployment scripts run them headless.
     bool headless = false;
     for (int i = 1; i < argc; ++i)
-        if (qstrcmp(argv[i], "--init") == 0 || qstrcmp(argv[i], "-init") == 0) headless = true;
+        if (isHeadlessOption(argv[i])) headless = true;
     if (headless) {
         QCoreApplication app(argc, argv);
         QCoreApplication::setApplicationName(QStringLiteral("singbox"));
+        QCoreApplication::setApplicationVersion(QStringLiteral(SINGBOX_VERSION));
         InitResources();
         const Options o = parse(app);
         return initVenue(o.home, o.demo);
@@ -80,7 +92,10 @@ int main(int argc, char* argv[]) {
 
     GuardedApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("singbox"));
+    QApplication::setApplicationVersion(QStringLiteral(SINGBOX_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("cn.xinglan.singbox"));
     InitResources();
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/app/images/singbox.svg")));
     const Options o = parse(app);
     const QString dir = o.home;
     if (o.demo && initVenue(dir, true) != 0) return 1;

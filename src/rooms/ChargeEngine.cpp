@@ -1,5 +1,6 @@
 #include "ChargeEngine.h"
 #include "Val.h"
+#include <QtNumeric>
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -47,13 +48,13 @@ Money money(double yuan) {
 
 Money plus(Money a, Money b) {
     qint64 r = 0;
-    if (__builtin_add_overflow(a.raw(), b.raw(), &r)) throw std::range_error("charge out of range");
+    if (qAddOverflow(a.raw(), b.raw(), &r)) throw std::range_error("charge out of range");
     return Money::fromRaw(r);
 }
 
 Money times(Money a, qint64 n) {
     qint64 r = 0;
-    if (__builtin_mul_overflow(a.raw(), n, &r)) throw std::range_error("charge out of range");
+    if (qMulOverflow(a.raw(), n, &r)) throw std::range_error("charge out of range");
     return Money::fromRaw(r);
 }
 

@@ -9,27 +9,46 @@
 #include <QStandardPaths>
 
 namespace Venue {
+namespace {
+// An installed program lives in a shared bin folder, which root could write to; its venues
+// belong to the users, never beside the program.
+bool isSharedProgramFolder(const QString& dir) {
+#ifdef Q_OS_WIN
+    Q_UNUSED(dir);
+    return false;
+#else
+    const QString d = QDir::cleanPath(dir);
+    return d == QLatin1String("/bin") || d.endsWith(QLatin1String("/usr/bin")) ||
+           d.endsWith(QLatin1String("/usr/local/bin")) || d.endsWith(QLatin1String("/usr/games"));
+#endif
+}
+} // namespace
+
 QString resolveHome(const QString& fromCommandLine) {
     if (!fromCommandLine.isEmpty()) return QDir(fromCommandLine).absolutePath();
     const QString env = qEnvironmentVariable("SINGBOX_HOME");
     if (!env.isEmpty()) return QDir(env).absolutePath();
     const QString appDir = QCoreApplication::applicationDirPath();
-    if (QFileInfo(appDir).isWritable()) return appDir;
+    if (!isSharedProgramFolder(appDir) && QFileInfo(appDir).isWritable()) return appDir;
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
 }
 
 void prepare(const QString& home) {
     QDir dir(home);
     dir.mkpath(QStringLiteral("."));
-    for (const char* sub : {"Data", "DBBackup", "Export", "Other", "Update"}) dir.mkpath(QLatin1String(sub));
+    for (const char* sub : {"Data", "DBBackup", "Export", "Other", "Update"})
+        dir.mkpath(QLatin1String(sub));
     const QString ini = dir.filePath(QStringLiteral("config.ini"));
     if (!QFile::exists(ini)) {
         QFile::copy(QStringLiteral(":/config.ini"), ini);
-        QFile::setPermissions(ini, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+        QFile::setPermissions(ini,
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
     }
 }
 
-QString databaseFile(const QString& home) { return QDir(home).filePath(QStringLiteral("Data/dat.db")); }
+QString databaseFile(const QString& home) {
+    return QDir(home).filePath(QStringLiteral("Data/dat.db"));
+}
 
 DbConfig connection(const QString& home) {
     const QString ini = QDir(home).filePath(QStringLiteral("config.ini"));

@@ -5,8 +5,8 @@
 // Everything a venue owns lives in one folder: Data/dat.db, DBBackup/, config.ini,
 // Export/, Other/, Update/.
 namespace Venue {
-// --home, else SINGBOX_HOME, else the program's folder when writable, else the
-// platform's application-data folder.
+// --home, else SINGBOX_HOME, else the program's folder when writable and not a shared bin
+// folder such as /usr/bin, else the platform's application-data folder.
 QString resolveHome(const QString& fromCommandLine);
 // Creates the folders and a config.ini with the shipped help texts when missing.
 void prepare(const QString& home);
