@@ -17,6 +17,7 @@
 #include "frmEmployeeList.h"
 #include "frmLogin.h"
 #include "frmMemberList.h"
+#include "frmLog.h"
 #include "frmOperatorList.h"
 #include "frmOption.h"
 #include "frmSetupMember.h"
@@ -120,6 +121,10 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     // Opening the list is free; its buttons ask for the right to manage operators.
     wire(QStringLiteral("mnuOperator"), [this] {
         frmOperatorList dlg(this);
+        dlg.ShowMe();
+    });
+    wire(QStringLiteral("mnuLog"), [this] {
+        frmLog dlg(this);
         dlg.ShowMe();
     });
     wire(QStringLiteral("tbrOPTION"), showOptions);

@@ -2,14 +2,21 @@
 #include "Columns.h"
 #include "DbProbe.h"
 #include "FormProbe.h"
+#include "Log.h"
+#include "LogService.h"
+#include "MessageBox.h"
 #include "OperatorService.h"
 #include "Password.h"
+#include "Settings.h"
 #include "TestVenue.h"
+#include "frmLog.h"
+#include "frmLogSetup.h"
 #include "frmOperator.h"
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -171,6 +178,87 @@ class TestOperators : public QObject {
         QVERIFY(admin.startEdit(BuiltInAdminID));
         QVERIFY(!child<QLineEdit>(admin, "txtLoginName")->isEnabled());
         QVERIFY(!child<QComboBox>(admin, "cmbState")->isEnabled());
+    }
+    // The period and the search pick rows; wildcards in the search are plain text.
+    void log_list_and_delete() {
+        NEW_VENUE(v);
+        DB().exec(u"delete from s_log"_s);
+        const QDateTime now = TestVenue::fixedNow();
+        WriteLog(now.addDays(-40), u"甲"_s, u"营业设置"_s, u"设置包厢"_s, 1, true, u"old"_s);
+        WriteLog(now.addDays(-1), u"乙"_s, u"会员管理"_s, u"会员资料"_s, 2, true, u"50% off, it's"_s);
+        WriteLog(now, u"丙"_s, u"外卖"_s, u"外卖"_s, 1, true, u"500 off"_s);
+        LogService s;
+        const auto shown = [&](const QString& search) {
+            QStringList names;
+            for (const Row r : s.list({now.addDays(-30), now, search}))
+                names << r.text(u"theOperator"_s);
+            return names.join(u',');
+        };
+        QCOMPARE(shown({}), u"丙,乙"_s);
+        QCOMPARE(shown(u"%"_s), u"乙"_s);
+        QCOMPARE(shown(u"it's"_s), u"乙"_s);
+        QCOMPARE(shown(u"外卖"_s), u"丙"_s);
+
+        QCOMPARE(s.removeAll(u"管理员"_s), 3);
+        QCOMPARE(dump(u"select theOperator, theModel, theDoName, Dotype, theContent from s_log"_s),
+                 u"管理员|系统设置|操作日志|删除|"_s);
+    }
+
+    void retention_data() { // clang-format off
+        columns<int, QString, QString, QString, QString>("type", "days", "rows", "message", "stored");
+        QTest::newRow("days") << 0 << "7" << "x" << "" << "0|7";
+        QTest::newRow("rows") << 1 << "x" << "0" << "" << "1|0";
+        QTest::newRow("days not numeric") << 0 << "7天" << "5" << "请输入日志的保留天数！ @Text10" << "";
+        QTest::newRow("rows not numeric") << 1 << "5" << "" << "请输入日志的保留条数！ @Text11" << ""; // clang-format on
+    }
+    void retention() {
+        auto [type, days, rows, message, stored] =
+            fetch<int, QString, QString, QString, QString>("type", "days", "rows", "message", "stored");
+        NEW_VENUE(v);
+        const QString before = GetSetup(u"LogType"_s) + u'|' + GetSetup(u"LogSaveNumber"_s);
+        LogRetention r;
+        r.type = type;
+        r.days = days;
+        r.rows = rows;
+        QCOMPARE(refusal(LogService().saveRetention(r)), message);
+        const QString after = GetSetup(u"LogType"_s) + u'|' + GetSetup(u"LogSaveNumber"_s);
+        QCOMPARE(after, stored.isEmpty() ? before : stored);
+        if (stored.isEmpty()) return;
+        const LogRetention back = LogService().retention();
+        QCOMPARE(back.type, type);
+        QCOMPARE(type == 0 ? back.days : back.rows, type == 0 ? days : rows);
+    }
+
+    void log_window() {
+        NEW_VENUE(v);
+        WriteLog(TestVenue::fixedNow(), u"甲"_s, u"外卖"_s, u"外卖"_s, 1, true, u"x"_s);
+        frmLog dlg;
+        dlg.cmdFind_Click();
+        auto* list = child<QTreeWidget>(dlg, "lvwThis");
+        QVERIFY(list->topLevelItemCount() >= 1);
+        look(dlg, u"frmLog"_s);
+        const qint64 rows = count(u"select count(*) from s_log"_s);
+        Msg::setNextAnswer(QMessageBox::Ok);
+        child<QPushButton>(dlg, "cmdDel")->click();
+        QCOMPARE(messages(), (QStringList{u"系统操作日志删除后将不能恢复，您确认要删除吗？"_s,
+                                          u"共删除%1条系统日志！"_s.arg(rows)}));
+        QCOMPARE(list->topLevelItemCount(), 1);
+
+        DB().exec(u"update Puissance set isHave=0 where OperatorID=? and SysPuissanceID='F012'"_s,
+                  {App().CurrentOperatorID});
+        child<QPushButton>(dlg, "cmdDel")->click();
+        QCOMPARE(messages(), QStringList{u"您没有操作此项业务的权限！"_s});
+        QCOMPARE(count(u"select count(*) from s_log"_s), 1);
+
+        frmLogSetup setup;
+        setup.load();
+        child<QRadioButton>(setup, "optSet1")->setChecked(true);
+        child<QLineEdit>(setup, "Text11")->setText(u"abc"_s);
+        showActive(setup);
+        look(setup, u"frmLogSetup"_s);
+        child<QPushButton>(setup, "OKButton")->click();
+        QCOMPARE(messages(), QStringList{u"请输入日志的保留条数！"_s});
+        QCOMPARE(focused(), u"Text11"_s);
     }
 };
 
