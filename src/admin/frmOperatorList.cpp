@@ -25,6 +25,12 @@ void frmOperatorList::ShowMe() {
     exec();
 }
 
+void frmOperatorList::embed() {
+    setWindowFlags(Qt::Widget);
+    ui->cmdClose->hide();
+    LoadData();
+}
+
 void frmOperatorList::LoadData() {
     try {
         const QString keep = selectedID();

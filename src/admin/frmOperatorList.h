@@ -14,6 +14,8 @@ class frmOperatorList : public QDialog {
     ~frmOperatorList() override;
 
     void ShowMe();
+    // As a page of another window: no frame, no close button, loaded at once.
+    void embed();
     void LoadData();
     void cmdOperatorAdd_Click();
     void cmdOperatorEdit_Click();
