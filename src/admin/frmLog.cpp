@@ -45,6 +45,7 @@ frmLog::~frmLog() = default;
 
 void frmLog::ShowMe() {
     cmdFind_Click();
+    ui->txtFind->setFocus();
     exec();
 }
 
