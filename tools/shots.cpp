@@ -14,6 +14,10 @@
 #include "frmPayLevel.h"
 #include "frmEmployee.h"
 #include "frmEmployeeList.h"
+#include "frmLog.h"
+#include "frmLogSetup.h"
+#include "frmOperator.h"
+#include "frmOperatorList.h"
 #include "Clock.h"
 #include "Format.h"
 #include "RoomBoard.h"
@@ -220,6 +224,18 @@ int main(int argc, char** argv) {
     frmEmployee person;
     person.startEdit(DB().scalar(QStringLiteral("select EmployeeID from Employee order by Employeecode")).toString());
     save(&person, QStringLiteral("frmEmployee"));
+    frmOperatorList operators;
+    operators.LoadData();
+    save(&operators, QStringLiteral("frmOperatorList"));
+    frmOperator admin;
+    admin.startEdit(QStringLiteral("qa042"));
+    save(&admin, QStringLiteral("frmOperator"));
+    frmLog log;
+    log.cmdFind_Click();
+    save(&log, QStringLiteral("frmLog"));
+    frmLogSetup logSetup;
+    logSetup.load();
+    save(&logSetup, QStringLiteral("frmLogSetup"));
     PrintShots(g_out, DB().scalar(QStringLiteral("select ExpenseID from The where TheID=?"), {busy}).toString());
     DB().close();
     return 0;

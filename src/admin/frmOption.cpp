@@ -9,6 +9,7 @@
 #include "MessageBox.h"
 #include "NewID.h"
 #include "OptionPrintPage.h"
+#include "frmOperatorList.h"
 #include "PayLevel.h"
 #include "Puissance.h"
 #include "RefusalShow.h"
@@ -66,6 +67,10 @@ frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
     ui->ctbThis->insertTab(0, printPage, QStringLiteral("打印及其它设置"));
     connect(printPage, &OptionPrintPage::saved, this, &QDialog::accept);
     connect(printPage, &OptionPrintPage::cancelled, this, &QDialog::reject);
+    // The operators last: the same list the system menu opens on its own.
+    auto* operators = new frmOperatorList(this);
+    operators->embed();
+    ui->ctbThis->addTab(operators, QStringLiteral("操作员及权限"));
     setColumns(ui->lvwPayLevel, {QStringLiteral("计费标准"), QStringLiteral("最低消费"), QStringLiteral("计费方式"),
                                  QStringLiteral("时段1"), QStringLiteral("时段2"), QStringLiteral("时段3"),
                                  QStringLiteral("时段4")});

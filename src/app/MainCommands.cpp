@@ -58,6 +58,7 @@ const QList<MenuCommand>& MenuCommands() {
             m(sys, "mnuShowToolbar", "显示工具栏", "", "", true),
             m(sys, "mnuShowToolbarText", "显示工具栏文字", "", "", true),
             sep(sys),
+            m(sys, "mnuOperator", "操作员及权限"),
             m(sys, "mnuChangePw", "修改登录密码"),
             m(sys, "mnuLog", "查看操作日志", "", "F010"),
             m(sys, "mnuSetup", "数据管理...", "", "S02"),

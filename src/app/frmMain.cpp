@@ -17,6 +17,8 @@
 #include "frmEmployeeList.h"
 #include "frmLogin.h"
 #include "frmMemberList.h"
+#include "frmLog.h"
+#include "frmOperatorList.h"
 #include "frmOption.h"
 #include "frmSetupMember.h"
 #include "ui_frmMain.h"
@@ -115,6 +117,15 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     wire(QStringLiteral("mnuChangePw"), [this] {
         frmChangePw dlg(this);
         dlg.ShowMe(1, App().CurrentOperatorID);
+    });
+    // Opening the list is free; its buttons ask for the right to manage operators.
+    wire(QStringLiteral("mnuOperator"), [this] {
+        frmOperatorList dlg(this);
+        dlg.ShowMe();
+    });
+    wire(QStringLiteral("mnuLog"), [this] {
+        frmLog dlg(this);
+        dlg.ShowMe();
     });
     wire(QStringLiteral("tbrOPTION"), showOptions);
     wire(QStringLiteral("mnuFindHouse"), [this] {

@@ -1,0 +1,266 @@
+#include "AppState.h"
+#include "Columns.h"
+#include "DbProbe.h"
+#include "FormProbe.h"
+#include "Log.h"
+#include "LogService.h"
+#include "MessageBox.h"
+#include "OperatorService.h"
+#include "Password.h"
+#include "Settings.h"
+#include "TestVenue.h"
+#include "frmLog.h"
+#include "frmLogSetup.h"
+#include "frmOperator.h"
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+OperatorInput person(const QString& login, const QStringList& granted = {}) {
+    OperatorInput in;
+    in.operatorName = u"收银员"_s;
+    in.loginName = login;
+    in.pw = in.pwRepeat = u"pw'1"_s;
+    in.rights = OperatorService().rights(QString());
+    for (OperatorRight& r : in.rights)
+        r.granted = granted.contains(r.code);
+    return in;
+}
+const QString LockOut = u"至少要保留一个可用的、有管理操作员权限的操作员！"_s;
+} // namespace
+
+class TestOperators : public QObject {
+    Q_OBJECT
+  private Q_SLOTS:
+    void validate_data() { // clang-format off
+        columns<QString, QString, QString, QString, QString, bool, QString, QString>(
+            "name", "login", "pw1", "discount", "minutes", "s01", "message", "field");
+        QTest::newRow("no name") << " " << "a" << "" << "10" << "0" << false << "请输入用户名称！" << "txtOperatorName";
+        QTest::newRow("no login") << "x" << " " << "" << "10" << "0" << false << "请输入操作员的登录姓名！" << "txtLoginName";
+        QTest::newRow("repeat differs") << "x" << "a" << "q" << "10" << "0" << false
+            << "您输入的登录密码和重复输入的密码不一样，请重新输入！" << "txtPW";
+        QTest::newRow("discount text") << "x" << "a" << "" << "十" << "0" << false << "请输入允许优惠的总金额（元）！" << "txtDiscount";
+        QTest::newRow("discount overflow") << "x" << "a" << "" << "1e300" << "0" << false << "请输入允许优惠的总金额（元）！" << "txtDiscount";
+        QTest::newRow("minutes text") << "x" << "a" << "" << "5" << "5m" << false << "请输入允许优惠的时间（分钟）！" << "txtCloseTimeSet";
+        QTest::newRow("Admin without S01") << "x" << "Admin" << "" << "5" << "5" << false
+            << "您必须为“admin即“系统管理员”设置管理操作员的权限！" << "lvwSysPuissance";
+        QTest::newRow("admin with S01") << "x" << "admin" << "" << "5" << "5" << true << "" << "";
+        QTest::newRow("ordinary") << "x" << "a" << "" << "5.5" << "-3" << false << "" << ""; // clang-format on
+    }
+    void validate() {
+        auto [name, login, pw1, discount, minutes, s01, message, field] =
+            fetch<QString, QString, QString, QString, QString, bool, QString, QString>(
+                "name", "login", "pw1", "discount", "minutes", "s01", "message", "field");
+        OperatorInput in;
+        in.operatorName = name;
+        in.loginName = login;
+        in.pwRepeat = pw1;
+        in.discount = discount;
+        in.closeTimeSet = minutes;
+        in.rights << OperatorRight{u"S01"_s, {}, {}, s01};
+        QCOMPARE(refusal(OperatorService::validate(in)), refusal(message, field));
+    }
+
+    // Row and every code of the catalogue in one save; a code without a row still shows.
+    void save_edit_and_rights() {
+        NEW_VENUE(v);
+        OperatorService s;
+        const qint64 codes = count(u"select count(*) from SysPuissance"_s);
+        OperatorInput in = person(u"cash"_s, {u"C30"_s, u"D001"_s});
+        in.discount = u"12.6"_s;
+        const OperatorSaved saved = s.save({}, in);
+        QVERIFY(saved.ok());
+        QCOMPARE(count(u"select count(*) from Puissance where OperatorID=?"_s, {saved.id}), codes);
+        QCOMPARE(dump(u"select SysPuissanceID from Puissance where OperatorID=? and isHave=1 order by 1"_s,
+                      {saved.id}),
+                 u"C30\nD001"_s);
+        QVERIFY(
+            Password::verify(text(u"select pw from Operator where OperatorID=?"_s, {saved.id}), u"pw'1"_s));
+
+        // Blank password boxes keep the password; the limits load without decimals.
+        DB().exec(u"delete from Puissance where OperatorID=? and SysPuissanceID='C030'"_s, {saved.id});
+        std::optional<OperatorInput> back = s.load(saved.id);
+        QVERIFY(back);
+        QCOMPARE(back->discount, u"13"_s);
+        QCOMPARE(qint64(back->rights.size()), codes);
+        back->pw.clear();
+        back->pwRepeat.clear();
+        QVERIFY(s.save(saved.id, *back).ok());
+        QVERIFY(
+            Password::verify(text(u"select pw from Operator where OperatorID=?"_s, {saved.id}), u"pw'1"_s));
+        QCOMPARE(count(u"select count(*) from Puissance where OperatorID=?"_s, {saved.id}), codes);
+
+        // A second "admin" cannot take the built-in key.
+        const OperatorSaved twin = s.save({}, person(u"admin"_s, {u"S01"_s}));
+        QVERIFY(twin.ok());
+        QVERIFY(twin.id != BuiltInAdminID);
+    }
+
+    // Limits go into force only for the operator's own row.
+    void limits_follow_own_row() {
+        NEW_VENUE(v);
+        OperatorService s;
+        App().CurrentDiscountLimit = 1.0;
+        OperatorInput other = person(u"other"_s);
+        other.discount = u"99"_s;
+        QVERIFY(s.save({}, other).ok());
+        QCOMPARE(App().CurrentDiscountLimit, 1.0);
+        std::optional<OperatorInput> me = s.load(App().CurrentOperatorID);
+        me->discount = u"50"_s;
+        me->closeTimeSet = u"15"_s;
+        QVERIFY(s.save(App().CurrentOperatorID, *me).ok());
+        QCOMPARE(App().CurrentDiscountLimit, 50.0);
+        QCOMPARE(App().CurrentCloseTimeLimit, 15.0);
+    }
+
+    // Nobody can leave the venue without an active operator who manages operators.
+    void no_lock_out() {
+        NEW_VENUE(v);
+        OperatorService s;
+        const Refused admin = s.remove(BuiltInAdminID, u"ADMIN"_s);
+        QCOMPARE(refusal(admin), refusal(u"您不能删除系统管理员这个用户！"_s, {}));
+        QCOMPARE(admin->title, u"系统提示"_s);
+
+        // A venue whose administrator no longer holds the right: the boss is the last one.
+        DB().exec(u"update Puissance set isHave=0 where OperatorID=? and SysPuissanceID='S01'"_s,
+                  {BuiltInAdminID});
+        const OperatorSaved boss = s.save({}, person(u"boss"_s, {u"S01"_s}));
+        QVERIFY(boss.ok());
+        OperatorInput without = person(u"boss"_s);
+        const OperatorSaved refused = s.save(boss.id, without);
+        QCOMPARE(refusal(refused.refusal), refusal(LockOut, u"lvwSysPuissance"_s));
+        OperatorInput stopped = person(u"boss"_s, {u"S01"_s});
+        stopped.state = 1;
+        QVERIFY(!s.save(boss.id, stopped).ok());
+        QCOMPARE(refusal(s.remove(boss.id, u"boss"_s)), refusal(LockOut, {}));
+        QCOMPARE(
+            count(
+                u"select count(*) from Puissance where OperatorID=? and SysPuissanceID='S01' and isHave=1"_s,
+                {boss.id}),
+            1);
+
+        QVERIFY(s.save({}, person(u"deputy"_s, {u"S01"_s})).ok());
+        QVERIFY(!s.remove(boss.id, u"boss"_s));
+        QCOMPARE(count(u"select count(*) from Puissance where OperatorID=?"_s, {boss.id}), 0);
+    }
+
+    void dialog_flow() {
+        NEW_VENUE(v);
+        frmOperator dlg;
+        dlg.startAdd();
+        auto* list = child<QTreeWidget>(dlg, "lvwSysPuissance");
+        QCOMPARE(qint64(list->topLevelItemCount()), count(u"select count(*) from SysPuissance"_s));
+        QCOMPARE(texts(dlg, {"txtDiscount", "txtCloseTimeSet", "cmbState"}), u"10|0|可用"_s);
+        child<QCheckBox>(dlg, "chkAll")->click();
+        QCOMPARE(list->topLevelItem(list->topLevelItemCount() - 1)->checkState(0), Qt::Checked);
+        showActive(dlg);
+        child<QLineEdit>(dlg, "txtOperatorName")->setText(u"李四"_s);
+        child<QLineEdit>(dlg, "txtLoginName")->setText(u"lisi"_s);
+        child<QLineEdit>(dlg, "txtPW")->setText(u"a"_s);
+        child<QPushButton>(dlg, "OKButton")->click();
+        QCOMPARE(messages(), QStringList{u"您输入的登录密码和重复输入的密码不一样，请重新输入！"_s});
+        QCOMPARE(focused(), u"txtPW"_s);
+        child<QLineEdit>(dlg, "txtPw1")->setText(u"a"_s);
+        look(dlg, u"frmOperator"_s);
+        child<QPushButton>(dlg, "OKButton")->click();
+        QVERIFY(dlg.saved());
+        QCOMPARE(count(u"select count(*) from Puissance where OperatorID=? and isHave=1"_s, {dlg.savedId()}),
+                 count(u"select count(*) from SysPuissance"_s));
+
+        frmOperator admin;
+        QVERIFY(admin.startEdit(BuiltInAdminID));
+        QVERIFY(!child<QLineEdit>(admin, "txtLoginName")->isEnabled());
+        QVERIFY(!child<QComboBox>(admin, "cmbState")->isEnabled());
+    }
+    // The period and the search pick rows; wildcards in the search are plain text.
+    void log_list_and_delete() {
+        NEW_VENUE(v);
+        DB().exec(u"delete from s_log"_s);
+        const QDateTime now = TestVenue::fixedNow();
+        WriteLog(now.addDays(-40), u"甲"_s, u"营业设置"_s, u"设置包厢"_s, 1, true, u"old"_s);
+        WriteLog(now.addDays(-1), u"乙"_s, u"会员管理"_s, u"会员资料"_s, 2, true, u"50% off, it's"_s);
+        WriteLog(now, u"丙"_s, u"外卖"_s, u"外卖"_s, 1, true, u"500 off"_s);
+        LogService s;
+        const auto shown = [&](const QString& search) {
+            QStringList names;
+            for (const Row r : s.list({now.addDays(-30), now, search}))
+                names << r.text(u"theOperator"_s);
+            return names.join(u',');
+        };
+        QCOMPARE(shown({}), u"丙,乙"_s);
+        QCOMPARE(shown(u"%"_s), u"乙"_s);
+        QCOMPARE(shown(u"it's"_s), u"乙"_s);
+        QCOMPARE(shown(u"外卖"_s), u"丙"_s);
+
+        QCOMPARE(s.removeAll(u"管理员"_s), 3);
+        QCOMPARE(dump(u"select theOperator, theModel, theDoName, Dotype, theContent from s_log"_s),
+                 u"管理员|系统设置|操作日志|删除|"_s);
+    }
+
+    void retention_data() { // clang-format off
+        columns<int, QString, QString, QString, QString>("type", "days", "rows", "message", "stored");
+        QTest::newRow("days") << 0 << "7" << "x" << "" << "0|7";
+        QTest::newRow("rows") << 1 << "x" << "0" << "" << "1|0";
+        QTest::newRow("days not numeric") << 0 << "7天" << "5" << "请输入日志的保留天数！ @Text10" << "";
+        QTest::newRow("rows not numeric") << 1 << "5" << "" << "请输入日志的保留条数！ @Text11" << ""; // clang-format on
+    }
+    void retention() {
+        auto [type, days, rows, message, stored] =
+            fetch<int, QString, QString, QString, QString>("type", "days", "rows", "message", "stored");
+        NEW_VENUE(v);
+        const QString before = GetSetup(u"LogType"_s) + u'|' + GetSetup(u"LogSaveNumber"_s);
+        LogRetention r;
+        r.type = type;
+        r.days = days;
+        r.rows = rows;
+        QCOMPARE(refusal(LogService().saveRetention(r)), message);
+        const QString after = GetSetup(u"LogType"_s) + u'|' + GetSetup(u"LogSaveNumber"_s);
+        QCOMPARE(after, stored.isEmpty() ? before : stored);
+        if (stored.isEmpty()) return;
+        const LogRetention back = LogService().retention();
+        QCOMPARE(back.type, type);
+        QCOMPARE(type == 0 ? back.days : back.rows, type == 0 ? days : rows);
+    }
+
+    void log_window() {
+        NEW_VENUE(v);
+        WriteLog(TestVenue::fixedNow(), u"甲"_s, u"外卖"_s, u"外卖"_s, 1, true, u"x"_s);
+        frmLog dlg;
+        dlg.cmdFind_Click();
+        auto* list = child<QTreeWidget>(dlg, "lvwThis");
+        QVERIFY(list->topLevelItemCount() >= 1);
+        look(dlg, u"frmLog"_s);
+        const qint64 rows = count(u"select count(*) from s_log"_s);
+        Msg::setNextAnswer(QMessageBox::Ok);
+        child<QPushButton>(dlg, "cmdDel")->click();
+        QCOMPARE(messages(), (QStringList{u"系统操作日志删除后将不能恢复，您确认要删除吗？"_s,
+                                          u"共删除%1条系统日志！"_s.arg(rows)}));
+        QCOMPARE(list->topLevelItemCount(), 1);
+
+        DB().exec(u"update Puissance set isHave=0 where OperatorID=? and SysPuissanceID='F012'"_s,
+                  {App().CurrentOperatorID});
+        child<QPushButton>(dlg, "cmdDel")->click();
+        QCOMPARE(messages(), QStringList{u"您没有操作此项业务的权限！"_s});
+        QCOMPARE(count(u"select count(*) from s_log"_s), 1);
+
+        frmLogSetup setup;
+        setup.load();
+        child<QRadioButton>(setup, "optSet1")->setChecked(true);
+        child<QLineEdit>(setup, "Text11")->setText(u"abc"_s);
+        showActive(setup);
+        look(setup, u"frmLogSetup"_s);
+        child<QPushButton>(setup, "OKButton")->click();
+        QCOMPARE(messages(), QStringList{u"请输入日志的保留条数！"_s});
+        QCOMPARE(focused(), u"Text11"_s);
+    }
+};
+
+QTEST_MAIN(TestOperators)
+#include "test_operators.moc"
