@@ -117,7 +117,7 @@ PrintOptions OptionPrintPage::typed() const {
 }
 
 bool OptionPrintPage::cmdSave_Click() {
-    if (!CheckPuissance(QStringLiteral("C013"))) return false;
+    if (!CheckButton(this, QStringLiteral("cmdSave"))) return false;
     PrintOptions o = typed();
     const Refused check = PrintOptionsService::CheckPrintData(o);
     // The mended copies show in their boxes, also when a printer is missing.

@@ -66,7 +66,7 @@ void frmLog::cmdSetup_Click() {
 }
 
 void frmLog::cmdDel_Click() {
-    if (!CheckPuissance(QStringLiteral("F012"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdDel"))) return;
     if (!Msg::confirm(this, QStringLiteral("系统操作日志删除后将不能恢复，您确认要删除吗？"),
                       QMessageBox::Cancel))
         return;

@@ -53,13 +53,13 @@ QString frmOperatorList::selectedID() const {
 }
 
 void frmOperatorList::cmdOperatorAdd_Click() {
-    if (!CheckPuissance(ManageOperatorsRight)) return;
+    if (!CheckButton(this, QStringLiteral("cmdOperatorAdd"))) return;
     frmOperator dlg(this);
     if (dlg.Add()) LoadData();
 }
 
 void frmOperatorList::cmdOperatorEdit_Click() {
-    if (!CheckPuissance(ManageOperatorsRight)) return;
+    if (!CheckButton(this, QStringLiteral("cmdOperatorEdit"))) return;
     const QString id = selectedID();
     if (id.isEmpty()) return;
     frmOperator dlg(this);
@@ -67,7 +67,7 @@ void frmOperatorList::cmdOperatorEdit_Click() {
 }
 
 void frmOperatorList::cmdOperatorDel_Click() {
-    if (!CheckPuissance(ManageOperatorsRight)) return;
+    if (!CheckButton(this, QStringLiteral("cmdOperatorDel"))) return;
     const QTreeWidgetItem* it = ui->lvwOperator->currentItem();
     if (!it) return;
     if (const Refused r = OperatorService().remove(selectedID(), it->text(0))) return ShowRefusal(this, *r);

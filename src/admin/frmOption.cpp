@@ -86,7 +86,7 @@ frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
     ui->cmdDataImportWare->setEnabled(false);
     QMenu* wareExport = ExportMenu(this, ui->lvwWare);
     connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, wareExport] {
-        if (!CheckPuissance(QStringLiteral("S010"))) return;
+        if (!CheckButton(this, QStringLiteral("cmdOutExcel"))) return;
         wareExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
     });
     QMenu* houseExport = ExportMenu(this, ui->lvwHouse);
@@ -196,13 +196,13 @@ void frmOption::loadHouses() {
 }
 
 void frmOption::cmdPayLevelAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdPayLevelAdd"))) return;
     frmPayLevel dlg(this);
     if (dlg.Add()) loadPayLevels();
 }
 
 void frmOption::cmdPayLevelEdit_Click() {
-    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdPayLevelEdit"))) return;
     const QString key = selectedKey(ui->lvwPayLevel);
     if (key.isEmpty()) return;
     frmPayLevel dlg(this);
@@ -213,7 +213,7 @@ void frmOption::cmdPayLevelEdit_Click() {
 }
 
 void frmOption::cmdPayLevelDel_Click() {
-    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdPayLevelDel"))) return;
     const QString key = selectedKey(ui->lvwPayLevel);
     if (key.isEmpty()) return;
     if (const Refused r = PayLevelService::remove(key)) return ShowRefusal(this, *r);
@@ -221,7 +221,7 @@ void frmOption::cmdPayLevelDel_Click() {
 }
 
 void frmOption::cmdAllDiscount_Click() {
-    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdAllDiscount"))) return;
     BusinessRules::Discount d;
     d.on = ui->ChkAllDiscount->isChecked();
     d.rate = ui->txtAllDiscount->text();
@@ -230,7 +230,7 @@ void frmOption::cmdAllDiscount_Click() {
 }
 
 void frmOption::cmdAllowLow2High_Click() {
-    if (!CheckPuissance(QStringLiteral("C001"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdAllowLow2High"))) return;
     BusinessRules::applyAllowHigh2Low(ui->chkAllowHigh2Low->isChecked());
 }
 
@@ -241,13 +241,13 @@ void frmOption::cmdSaveCZ_Click() {
 }
 
 void frmOption::cmdHouseAssortAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C002"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdHouseAssortAdd"))) return;
     frmHouseAssort dlg(this);
     if (dlg.Add()) loadHouseAssorts();
 }
 
 void frmOption::cmdHouseAssortEdit_Click() {
-    if (!CheckPuissance(QStringLiteral("C002"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdHouseAssortEdit"))) return;
     const QString key = selectedKey(ui->lvwHouseAssort);
     if (key.isEmpty()) return;
     frmHouseAssort dlg(this);
@@ -258,7 +258,7 @@ void frmOption::cmdHouseAssortEdit_Click() {
 }
 
 void frmOption::cmdHouseAssortDel_Click() {
-    if (!CheckPuissance(QStringLiteral("C002"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdHouseAssortDel"))) return;
     const QString key = selectedKey(ui->lvwHouseAssort);
     if (key.isEmpty()) return;
     if (const Refused r = RoomService().deleteRoomType(key)) return ShowRefusal(this, *r);
@@ -266,19 +266,19 @@ void frmOption::cmdHouseAssortDel_Click() {
 }
 
 void frmOption::cmdHouseAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C003"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdHouseAdd"))) return;
     frmHouse dlg(this);
     if (dlg.Add()) loadHouses();
 }
 
 void frmOption::cmdHouseAddBat_Click() {
-    if (!CheckPuissance(QStringLiteral("C003"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdHouseAddBat"))) return;
     frmHouseAddBat dlg(this);
     if (dlg.Add()) loadHouses();
 }
 
 void frmOption::cmdHouseEdit_Click() {
-    if (!CheckPuissance(QStringLiteral("C003"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdHouseEdit"))) return;
     const QString key = selectedKey(ui->lvwHouse);
     if (key.isEmpty()) return;
     frmHouse dlg(this);
@@ -286,7 +286,7 @@ void frmOption::cmdHouseEdit_Click() {
 }
 
 void frmOption::cmdHouseDel_Click() {
-    if (!CheckPuissance(QStringLiteral("C003"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdHouseDel"))) return;
     const QString key = selectedKey(ui->lvwHouse);
     if (key.isEmpty()) return;
     if (const Refused r = RoomService().deleteRoom(key)) return ShowRefusal(this, *r);
@@ -335,13 +335,13 @@ void frmOption::loadWares() {
 }
 
 void frmOption::cmdWareTypeAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C004"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdWareTypeAdd"))) return;
     frmWareType dlg(this);
     if (dlg.Add()) loadWareTypes();
 }
 
 void frmOption::cmdWareTypeEdit_Click() {
-    if (!CheckPuissance(QStringLiteral("C004"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdWareTypeEdit"))) return;
     const QString key = selectedWareType();
     if (key.isEmpty()) return;
     frmWareType dlg(this);
@@ -352,7 +352,7 @@ void frmOption::cmdWareTypeEdit_Click() {
 }
 
 void frmOption::cmdWareTypeDel_Click() {
-    if (!CheckPuissance(QStringLiteral("C004"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdWareTypeDel"))) return;
     const QList<QTreeWidgetItem*> chosen = ui->lvwWareType->selectedItems();
     if (chosen.isEmpty()) return;
     if (const Refused r =
@@ -367,25 +367,25 @@ void frmOption::editWareLevel(const QString& id) {
 }
 
 void frmOption::cmdWareLevel_Click() {
-    if (!CheckPuissance(QStringLiteral("C006"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdWareLevel"))) return;
     const QString key = selectedWareType();
     if (key.isEmpty()) return;
     editWareLevel(key);
 }
 
 void frmOption::Command1_Click() {
-    if (!CheckPuissance(QStringLiteral("C006"))) return;
+    if (!CheckButton(this, QStringLiteral("Command1"))) return;
     editWareLevel(WareLevelService::venueWideID());
 }
 
 void frmOption::cmdWareAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C005"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdWareAdd"))) return;
     frmWare dlg(this);
     if (dlg.Add()) loadWares();
 }
 
 void frmOption::cmdWareEdit_Click() {
-    if (!CheckPuissance(QStringLiteral("C005"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdWareEdit"))) return;
     const QString key = selectedWare();
     if (key.isEmpty()) return;
     frmWare dlg(this);
@@ -393,7 +393,7 @@ void frmOption::cmdWareEdit_Click() {
 }
 
 void frmOption::cmdWareDel_Click() {
-    if (!CheckPuissance(QStringLiteral("C005"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdWareDel"))) return;
     QTreeWidgetItem* item = ui->lvwWare->currentItem();
     if (!item) return;
     if (const Refused r = WareService().deleteWare(StripKey(item->data(0, Qt::UserRole).toString())))

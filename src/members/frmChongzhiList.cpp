@@ -76,7 +76,7 @@ void frmChongzhiList::cmdFind_Click() {
 
 // The list is left as it was: a new top-up shows at the next search.
 void frmChongzhiList::cmdChongzhi_Click() {
-    if (!CheckPuissance(QStringLiteral("C015"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdChongzhi"))) return;
     frmChongzhi dlg(this);
     // The new top-up shows in the list at once.
     if (dlg.Add()) cmdFind_Click();

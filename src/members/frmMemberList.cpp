@@ -143,13 +143,13 @@ void frmMemberList::LoadChongzhiExpense() {
 }
 
 void frmMemberList::cmdAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C008"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdAdd"))) return;
     frmMember dlg(this);
     if (dlg.Add()) LoadMemberList();
 }
 
 void frmMemberList::cmdEdit_Click() {
-    if (!CheckPuissance(QStringLiteral("C008"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdEdit"))) return;
     const QString code = selectedCode();
     if (code.isEmpty()) return;
     frmMember dlg(this);
@@ -157,7 +157,7 @@ void frmMemberList::cmdEdit_Click() {
 }
 
 void frmMemberList::DeleteMember() {
-    if (!CheckPuissance(QStringLiteral("C008"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdDel"))) return;
     const QString code = selectedCode();
     if (code.isEmpty()) return;
     MemberService s;
@@ -198,7 +198,7 @@ void frmMemberList::cmdChangePw_Click() {
 }
 
 void frmMemberList::cmdChongzhi_Click() {
-    if (!CheckPuissance(QStringLiteral("C015"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdChongzhi"))) return;
     const QString code = selectedCode();
     if (code.isEmpty()) return;
     frmChongzhi dlg(this);
@@ -212,7 +212,7 @@ void frmMemberList::cmdChongzhi_Click() {
 }
 
 void frmMemberList::cmdSetup_Click() {
-    if (!CheckPuissance(QStringLiteral("C007"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdSetup"))) return;
     frmSetupMember dlg(this);
     dlg.ShowMe();
 }

@@ -52,13 +52,13 @@ QString frmSetupMember::selectedID() const {
 }
 
 void frmSetupMember::cmdMemberSetupAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C007"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdMemberSetupAdd"))) return;
     frmMemberSetup dlg(this);
     if (dlg.Add()) LoadData();
 }
 
 void frmSetupMember::cmdMemberSetupEdit_Click() {
-    if (!CheckPuissance(QStringLiteral("C007"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdMemberSetupEdit"))) return;
     const QString id = selectedID();
     if (id.isEmpty()) return;
     frmMemberSetup dlg(this);
@@ -66,7 +66,7 @@ void frmSetupMember::cmdMemberSetupEdit_Click() {
 }
 
 void frmSetupMember::cmdMemberSetupDel_Click() {
-    if (!CheckPuissance(QStringLiteral("C007"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdMemberSetupDel"))) return;
     const QString id = selectedID();
     if (id.isEmpty()) return;
     bool gone = false;

@@ -249,7 +249,7 @@ void frmExpenseDetail::DeleteDetail() {
 }
 
 void frmExpenseDetail::cmdWareAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C005"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdWareAdd"))) return;
     frmWare dlg(this);
     dlg.Add();
     // Priced again at the present hour, like a fresh opening.

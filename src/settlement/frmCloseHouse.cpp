@@ -404,7 +404,7 @@ void frmCloseHouse::SaveData() {
 }
 
 void frmCloseHouse::cmdFreeMoney_Click() {
-    if (!CheckPuissance(QStringLiteral("D007"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdFreeMoney"))) return;
     if (Msg::show(this, QStringLiteral("您确认要进行免单处理吗？"), Msg::Icon::Question,
                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
         return;
@@ -413,7 +413,7 @@ void frmCloseHouse::cmdFreeMoney_Click() {
 }
 
 void frmCloseHouse::cmdPayAfter_Click() {
-    if (!CheckPuissance(QStringLiteral("D008"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdPayAfter"))) return;
     if (Msg::show(this, QStringLiteral("您确认要进行挂帐处理吗？"), Msg::Icon::Question,
                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
         return;

@@ -286,7 +286,7 @@ void frmOutSale::SaveData() {
 }
 
 void frmOutSale::cmdWareAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C005"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdWareAdd"))) return;
     frmWare dlg(this);
     dlg.Add();
     try {

@@ -76,13 +76,13 @@ QString frmEmployeeList::selectedID() const {
 }
 
 void frmEmployeeList::cmdAdd_Click() {
-    if (!CheckPuissance(QStringLiteral("C012"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdAdd"))) return;
     frmEmployee dlg(this);
     if (dlg.Add()) LoadData();
 }
 
 void frmEmployeeList::cmdEdit_Click() {
-    if (!CheckPuissance(QStringLiteral("C012"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdEdit"))) return;
     const QString id = selectedID();
     if (id.isEmpty()) return;
     frmEmployee dlg(this);
@@ -90,7 +90,7 @@ void frmEmployeeList::cmdEdit_Click() {
 }
 
 void frmEmployeeList::cmdDel_Click() {
-    if (!CheckPuissance(QStringLiteral("C012"))) return;
+    if (!CheckButton(this, QStringLiteral("cmdDel"))) return;
     const QString id = selectedID();
     if (id.isEmpty()) return;
     if (const Refused r = EmployeeService().remove(id)) return ShowRefusal(this, *r);
