@@ -1,5 +1,8 @@
 #include "GoodsViews.h"
+#include "Clock.h"
+#include "MessageBox.h"
 #include "Val.h"
+#include "frmWare.h"
 #include <QPainter>
 #include <QStyle>
 #include <QTreeWidget>
@@ -55,6 +58,17 @@ QHash<QString, QTreeWidgetItem*> Fill(QTreeWidget* list, QTreeWidget* tree, cons
     tree->addTopLevelItems(roots);
     tree->expandAll();
     return rowsByWare;
+}
+
+void AddWare(QWidget* form, OrderEntry& entry) {
+    frmWare dlg(form);
+    dlg.Add();
+    try {
+        entry.buildGoods(Now(), AllDiscountRate::current());
+    } catch (const DbError& e) {
+        Msg::show(form, e.message(QStringLiteral("cmdWareAdd_Click"), form->objectName()),
+                  Msg::Icon::Critical);
+    }
 }
 
 QIcon NewLineIcon() {

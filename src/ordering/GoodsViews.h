@@ -7,6 +7,7 @@
 #include <functional>
 
 class QTreeWidget;
+class QWidget;
 class QTreeWidgetItem;
 
 // The goods list and the goods tree that the order window and the counter till share.
@@ -23,6 +24,10 @@ QHash<QString, QTreeWidgetItem*> Fill(QTreeWidget* list, QTreeWidget* tree, cons
                                       const QList<PricedWare>& goods,
                                       const std::function<QStringList(const PricedWare&)>& rowTexts,
                                       const std::function<QString(const PricedWare&)>& nodeText);
+
+// The goods dialog in add mode, then the goods priced again at the present hour, like a fresh
+// opening of `form`; a database error is told as one of `form`. The caller fills its views.
+void AddWare(QWidget* form, OrderEntry& entry);
 
 // Marks a line added in this opening of the window.
 QIcon NewLineIcon();

@@ -250,14 +250,7 @@ void frmExpenseDetail::DeleteDetail() {
 
 void frmExpenseDetail::cmdWareAdd_Click() {
     if (!CheckButton(this, QStringLiteral("cmdWareAdd"))) return;
-    frmWare dlg(this);
-    dlg.Add();
-    // Priced again at the present hour, like a fresh opening.
-    try {
-        m_entry.buildGoods(Now(), AllDiscountRate::current());
-    } catch (const DbError& e) {
-        traps(this, e, "cmdWareAdd_Click");
-    }
+    GoodsViews::AddWare(this, m_entry);
     fillGoods();
     ui->txtInput->setFocus();
 }

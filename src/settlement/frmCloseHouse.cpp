@@ -9,6 +9,7 @@
 #include "Format.h"
 #include "ListColumns.h"
 #include "MessageBox.h"
+#include "MoneyBoxes.h"
 #include "PrintUi.h"
 #include "Printing.h"
 #include "Puissance.h"
@@ -31,12 +32,6 @@
 namespace {
 const char* FormName = "frmCloseHouse";
 
-void setText(QLineEdit* box, const QString& text) {
-    if (box->text() == text) return;
-    const QSignalBlocker block(box);
-    box->setText(text);
-}
-
 void setTime(QDateTimeEdit* box, const QDateTime& when) {
     const QSignalBlocker block(box);
     box->setDateTime(when);
@@ -46,12 +41,10 @@ void showDbError(QWidget* parent, const DbError& e, const char* procedure) {
     Msg::show(parent, e.message(QLatin1String(procedure), QLatin1String(FormName)), Msg::Icon::Critical);
 }
 
-// A focus change that stays within the window (not to a message box or a menu).
-bool leftWithinWindow(QEvent* event) {
-    const auto reason = static_cast<QFocusEvent*>(event)->reason();
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
-}
 } // namespace
+
+using MoneyBoxes::leftWithinWindow;
+using MoneyBoxes::setText;
 
 frmCloseHouse::frmCloseHouse(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmCloseHouse>()) {
     ui->setupUi(this);

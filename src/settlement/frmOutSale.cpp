@@ -5,6 +5,7 @@
 #include "GoodsViews.h"
 #include "Ini.h"
 #include "MessageBox.h"
+#include "MoneyBoxes.h"
 #include "NewID.h"
 #include "OutSaleService.h"
 #include "PrintUi.h"
@@ -29,22 +30,14 @@ const char* FormName = "frmOutSale";
 // A list row's goods index is in the goods views' index role; a sale line keeps its WareID there.
 enum Role { KeyRole = GoodsViews::KeyRole, TagRole = GoodsViews::IndexRole };
 
-void setText(QLineEdit* box, const QString& text) {
-    if (box->text() == text) return;
-    const QSignalBlocker block(box);
-    box->setText(text);
-}
-
 void showDbError(QWidget* parent, const DbError& e, const char* procedure) {
     Msg::show(parent, e.message(QLatin1String(procedure), QLatin1String(FormName)), Msg::Icon::Critical);
 }
 
-// A focus change that stays within the window (not to a message box or a menu).
-bool leftWithinWindow(QEvent* event) {
-    const auto reason = static_cast<QFocusEvent*>(event)->reason();
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
-}
 } // namespace
+
+using MoneyBoxes::leftWithinWindow;
+using MoneyBoxes::setText;
 
 frmOutSale::frmOutSale(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmOutSale>()) {
     ui->setupUi(this);
@@ -287,13 +280,7 @@ void frmOutSale::SaveData() {
 
 void frmOutSale::cmdWareAdd_Click() {
     if (!CheckButton(this, QStringLiteral("cmdWareAdd"))) return;
-    frmWare dlg(this);
-    dlg.Add();
-    try {
-        m_goods.buildGoods(Now(), AllDiscountRate::current());
-    } catch (const DbError& e) {
-        showDbError(this, e, "cmdWareAdd_Click");
-    }
+    GoodsViews::AddWare(this, m_goods);
     fillGoods();
     ui->txtInput->setFocus();
 }
