@@ -34,6 +34,7 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
+#include "ChangeFeed.h"
 #include <QToolBar>
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()) {
@@ -57,6 +58,8 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     m_tmRefurbish = new QTimer(this);
     m_tmRefurbish->setObjectName(QStringLiteral("tmRefurbish"));
     connect(m_tmRefurbish, &QTimer::timeout, m_board, &RoomBoard::LoadRoomTabs);
+    // Other tills' changes show at once; the timer stays for whatever a notice misses.
+    connect(&ChangeFeed::main(), &ChangeFeed::changed, m_board, &RoomBoard::applyChanges);
 
     buildMenus();
     buildToolbar();
@@ -137,7 +140,9 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     });
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    ChangeFeed::main().stop();
+}
 
 QWidget* frmMain::boardPage() const { return ui->pageBoard; }
 
@@ -310,6 +315,7 @@ void frmMain::Init() {
         memo.replace(QLatin1Char('|'), QLatin1Char('\n'));
         ui->txtMemo->setPlainText(memo);
         refreshOperatorPanel();
+        ChangeFeed::main().start();
         m_board->LoadRoomTabs();
         m_board->currentView()->setFocus();
     } catch (const DbError& e) {
@@ -375,10 +381,12 @@ void frmMain::Relogin() {
     // The sign-in reopens the database; the board waits for it, whatever the outcome.
     const bool refreshing = m_tmRefurbish->isActive();
     m_tmRefurbish->stop();
+    ChangeFeed::main().stop();
     frmLogin login;
     if (login.exec() == QDialog::Accepted) {
         show();
         refreshOperatorPanel();
+        ChangeFeed::main().start();
         m_board->LoadRoomTabs();
         if (refreshing) m_tmRefurbish->start();
         return;

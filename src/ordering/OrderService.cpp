@@ -49,8 +49,10 @@ Refused OrderService::CheckCanDelete(const QString& expenseID) {
 // change or waits for it.
 Refused OrderService::holdOpenBill(const QString& expenseID) {
     if (m_db.exec(QStringLiteral("update Expense set State=1 where ExpenseID=? and State=1"), {expenseID}) >
-        0)
+        0) {
+        m_db.announceBill(expenseID);
         return std::nullopt;
+    }
     const bool exists =
         m_db.scalar(QStringLiteral("select count(*) from Expense where ExpenseID=?"), {expenseID})
             .toLongLong() > 0;

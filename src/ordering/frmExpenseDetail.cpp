@@ -1,4 +1,6 @@
 #include "frmExpenseDetail.h"
+#include "ChangeFeed.h"
+#include <QSet>
 #include "AppState.h"
 #include "Clock.h"
 #include "EmployeeCombo.h"
@@ -34,6 +36,7 @@ void traps(QWidget* form, const DbError& e, const char* procedure) {
 frmExpenseDetail::frmExpenseDetail(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmExpenseDetail>()) {
     ui->setupUi(this);
+    connect(&ChangeFeed::main(), &ChangeFeed::changed, this, &frmExpenseDetail::linesChangedElsewhere);
     // Roomy where the screen allows, never beyond it.
     ScreenFit::install(this, QSize(980, 660));
     // On a small or scaled screen the entry boxes scroll; the add button stays in sight.
@@ -112,6 +115,29 @@ void frmExpenseDetail::Init(const QString& expenseID) {
     }
     ShowThisSum();
     ResetInput();
+}
+
+void frmExpenseDetail::linesChangedElsewhere(const QStringList& keys) {
+    const QString id = m_entry.expenseID();
+    if (id.isEmpty() || !isVisible()) return;
+    if (!ChangeFeed::isAnyChange(keys) && !keys.contains(QStringLiteral("E") + id)) return;
+    QSet<QString> mine;
+    for (int i = 0; i < ui->lvwDetail->topLevelItemCount(); ++i)
+        if (const QTreeWidgetItem* it = ui->lvwDetail->topLevelItem(i); !it->icon(0).isNull())
+            mine.insert(it->data(0, ExpenseLineRole::Key).toString());
+    const QTreeWidgetItem* current = ui->lvwDetail->currentItem();
+    const QString keep = current ? current->data(0, ExpenseLineRole::Key).toString() : QString();
+    try {
+        LoadDataExpenseDetail(id, ui->lvwDetail, false);
+    } catch (const DbError&) {
+        return; // the next order says what is wrong
+    }
+    for (int i = 0; i < ui->lvwDetail->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* it = ui->lvwDetail->topLevelItem(i);
+        const QString key = it->data(0, ExpenseLineRole::Key).toString();
+        if (mine.contains(key)) it->setIcon(0, GoodsViews::NewLineIcon());
+        if (key == keep) ui->lvwDetail->setCurrentItem(it);
+    }
 }
 
 // The list and the tree from one reading of the goods, priced once.

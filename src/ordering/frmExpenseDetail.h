@@ -45,6 +45,9 @@ class frmExpenseDetail : public QDialog {
 
   private:
     void fillGoods();
+    // Lines ordered or voided into this bill at another till show at once; the lines of
+    // this opening keep their mark.
+    void linesChangedElsewhere(const QStringList& keys);
     std::optional<WareChoice> selectedWare() const;
     void AddDetailToList(const OrderedLine& line);
     void ShowThisSum();

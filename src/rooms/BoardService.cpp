@@ -15,14 +15,23 @@ QList<BoardTab> BoardService::tabs() const {
     return out;
 }
 
-QList<BoardRoom> BoardService::rooms(const QString& assortID, ShowMode mode, const QDateTime& now) const {
+QList<BoardRoom> BoardService::rooms(const QString& assortID, ShowMode mode, const QDateTime& now,
+                                    const QStringList& only) const {
     QList<BoardRoom> out;
-    const Rows rows = m_db.query(
-        QStringLiteral(
-            "select The.TheID, The.TheCode, The.State, The.ExpenseID, The.Other1, Expense.OpenTime "
-            "from The left join Expense on Expense.ExpenseID=The.ExpenseID and The.State=1 "
-            "where The.AssortID=? order by The.TheCode"),
-        {assortID});
+    QString sql = QStringLiteral(
+        "select The.TheID, The.TheCode, The.State, The.ExpenseID, The.Other1, Expense.OpenTime "
+        "from The left join Expense on Expense.ExpenseID=The.ExpenseID and The.State=1 "
+        "where The.AssortID=?");
+    Params params{assortID};
+    if (!only.isEmpty()) {
+        QStringList marks;
+        for (const QString& id : only) {
+            marks << QStringLiteral("?");
+            params << id;
+        }
+        sql += QStringLiteral(" and The.TheID in (") + marks.join(QLatin1Char(',')) + QLatin1Char(')');
+    }
+    const Rows rows = m_db.query(sql + QStringLiteral(" order by The.TheCode"), params);
     out.reserve(rows.count());
     for (const Row r : rows) {
         BoardRoom room{r.text(QStringLiteral("TheID")),

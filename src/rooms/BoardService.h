@@ -43,7 +43,9 @@ class BoardService {
 
     QList<BoardTab> tabs() const;
     // The rooms of one type in code order, with their status at `now`, kept by the filter.
-    QList<BoardRoom> rooms(const QString& assortID, ShowMode mode, const QDateTime& now) const;
+    // With `only`, just those of the rooms that are of this type.
+    QList<BoardRoom> rooms(const QString& assortID, ShowMode mode, const QDateTime& now,
+                           const QStringList& only = {}) const;
     // The panel of a room; the running bill `expenseID` counts only when the status is Use.
     // The rooms of every type whose code starts with `text`, letter case aside: an exact code
     // first, then by code.

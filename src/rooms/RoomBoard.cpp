@@ -1,4 +1,5 @@
 #include "RoomBoard.h"
+#include "ChangeFeed.h"
 #include "Clock.h"
 #include "ExpenseLines.h"
 #include "Format.h"
@@ -19,6 +20,7 @@
 #include <QPainterPath>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QSet>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -388,18 +390,74 @@ void RoomBoard::fillModel(const QList<BoardRoom>& rooms) {
     m_model->setRowCount(0);
     m_model->setRowCount(int(rooms.size()));
     int row = 0;
-    for (const BoardRoom& r : rooms) {
-        auto* code = new QStandardItem(StatusIcon(r.status.key), r.theCode);
-        code->setData(QString(QStringLiteral("K") + r.theID), KeyRole);
-        code->setData(r.status.key, StatusRole);
-        code->setData(r.expenseID, TagRole);
-        code->setData(r.openTime, OpenTimeRole);
-        code->setData(r.oughtMoney, AmountRole);
-        m_model->setItem(row, 0, code);
-        m_model->setItem(row, 1, new QStandardItem(r.status.label));
-        m_model->setItem(row, 2, new QStandardItem(r.expenseID));
-        ++row;
+    for (const BoardRoom& r : rooms)
+        setItem(row++, r);
+}
+
+void RoomBoard::setItem(int row, const BoardRoom& r) {
+    auto* code = new QStandardItem(StatusIcon(r.status.key), r.theCode);
+    code->setData(QString(QStringLiteral("K") + r.theID), KeyRole);
+    code->setData(r.status.key, StatusRole);
+    code->setData(r.expenseID, TagRole);
+    code->setData(r.openTime, OpenTimeRole);
+    code->setData(r.oughtMoney, AmountRole);
+    m_model->setItem(row, 0, code);
+    m_model->setItem(row, 1, new QStandardItem(r.status.label));
+    m_model->setItem(row, 2, new QStandardItem(r.expenseID));
+}
+
+void RoomBoard::applyChanges(const QStringList& keys) {
+    if (m_loading || m_ctabThis->count() == 0) return;
+    const bool any = ChangeFeed::isAnyChange(keys);
+    QStringList ids;
+    for (const QString& key : keys) {
+        QString id = ChangeFeed::roomOf(key);
+        if (const QString bill = ChangeFeed::billOf(key); !bill.isEmpty())
+            for (int i = 0; i < m_model->rowCount(); ++i)
+                if (m_model->item(i, 0)->data(TagRole).toString() == bill)
+                    id = m_model->item(i, 0)->data(KeyRole).toString().mid(1);
+        if (!id.isEmpty() && !ids.contains(id)) ids << id;
     }
+    if (!any && ids.isEmpty()) return;
+    QList<BoardRoom> fresh;
+    try {
+        fresh = m_service.rooms(currentAssortID(), m_mode, Now(), any ? QStringList() : ids);
+    } catch (const DbError&) {
+        return;
+    }
+    // Where each room stands in the list now.
+    QHash<QString, int> rowOf;
+    for (int i = 0; i < m_model->rowCount(); ++i)
+        rowOf.insert(m_model->item(i, 0)->data(KeyRole).toString().mid(1), i);
+    QSet<QString> seen;
+    for (const BoardRoom& r : std::as_const(fresh))
+        seen.insert(r.theID);
+    // A room that joins or leaves this list (opened elsewhere while only free rooms show, a new
+    // room): the list is read again as a whole.
+    bool joinsOrLeaves = any && fresh.size() != m_model->rowCount();
+    for (const BoardRoom& r : std::as_const(fresh))
+        joinsOrLeaves = joinsOrLeaves || !rowOf.contains(r.theID);
+    for (const QString& id : std::as_const(ids))
+        joinsOrLeaves = joinsOrLeaves || (rowOf.contains(id) && !seen.contains(id));
+    if (joinsOrLeaves) return LoadRoomList();
+
+    const QString selected = selectedTheID();
+    bool selectedChanged = false;
+    m_loading = true;
+    for (const BoardRoom& r : std::as_const(fresh)) {
+        const int row = rowOf.value(r.theID);
+        const QStandardItem* it = m_model->item(row, 0);
+        if (it->text() == r.theCode && it->data(StatusRole).toString() == r.status.key &&
+            it->data(TagRole).toString() == r.expenseID && it->data(OpenTimeRole).toString() == r.openTime &&
+            it->data(AmountRole).toString() == r.oughtMoney)
+            continue;
+        setItem(row, r);
+        selectedChanged = selectedChanged || r.theID == selected;
+    }
+    if (selectedChanged) makeCurrent(itemOf(selected)->index());
+    m_loading = false;
+    // The panel shows the running bill too: it is read again whenever its room was named.
+    if (selectedChanged || (!any && ids.contains(selected)) || (any && !selected.isEmpty())) ShowSelected();
 }
 
 void RoomBoard::loadRoomList() {

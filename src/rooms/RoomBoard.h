@@ -34,6 +34,11 @@ class RoomBoard : public QWidget {
     void LoadRoomTabs();
     void LoadRoomList();
     void ShowSelected();
+    // What another till (or another window) changed: the rooms "R"+TheID and bills "E"+ExpenseID
+    // listed, or anything ("*"). Only the tiles concerned are read again and updated in place,
+    // and the panel when it shows one of them; a room that joins or leaves the list reads the
+    // list again. A database error here is left to the refresh timer to report.
+    void applyChanges(const QStringList& keys);
 
     void setShowMode(ShowMode mode);
     ShowMode showMode() const { return m_mode; }
@@ -93,6 +98,7 @@ class RoomBoard : public QWidget {
     template <class F> void guarded(const char* procedure, F&& read);
     void buildUi();
     void fillModel(const QList<BoardRoom>& rooms);
+    void setItem(int row, const BoardRoom& r);
     QStandardItem* selectedItem() const;
     QStandardItem* itemOf(const QString& theID) const;
     void makeCurrent(const QModelIndex& idx);

@@ -209,6 +209,7 @@ Refused RoomService::HouseStop(const QString& theID) {
                               "update The set State=2 where TheID=? and State=? and coalesce(Other1,'')=?"),
                           {theID, state, other1}) == 0)
                 return m_db.discard(missingOrChanged(theID));
+            m_db.announceRoom(theID);
             return Refused();
         });
     } catch (const DbError& e) {
@@ -223,6 +224,7 @@ Refused RoomService::HouseResume(const QString& theID) {
                     QStringLiteral("update The set State=0, Other1='' where TheID=? and State in (2, 4)"),
                     {theID}) == 0)
                 return m_db.discard(missingOrChanged(theID));
+            m_db.announceRoom(theID);
             return Refused();
         });
     } catch (const DbError& e) {

@@ -64,6 +64,8 @@ Opened RoomUseService::open(const OpenHouseInput& in) {
                                          "coalesce(Other1,'')=?"),
                           {id, in.theID, state, other1}) == 0)
                 return m_db.discard(Opened{{}, Refusal::warning(RoomText::stateChanged())});
+            m_db.announceRoom(in.theID);
+            m_db.announceBill(id);
             return Opened{id, std::nullopt};
         });
     } catch (const DbError& e) {
@@ -129,6 +131,9 @@ Refused RoomUseService::change(const HouseChangeInput& in) {
             if (!oldFirst && !freeOld())
                 return m_db.discard(Refused(Refusal::warning(RoomUseText::billClosed())));
 
+            m_db.announceRoom(oldID);
+            m_db.announceRoom(newID);
+            m_db.announceBill(in.expenseID);
             const QString oldDesc = bill.first().text(QStringLiteral("Description"));
             const QString desc = in.description.trimmed().isEmpty()
                                      ? oldDesc
@@ -194,6 +199,10 @@ Refused RoomUseService::merge(const QString& fromCode, const QString& intoCode) 
             m_db.exec(QStringLiteral("update ExpenseDetail set ExpenseID=? where ExpenseID=?"),
                       {target, source});
             m_db.exec(QStringLiteral("delete from Expense where ExpenseID=? and State=1"), {source});
+            m_db.announceRoom(fromRoom);
+            m_db.announceRoom(intoRoom);
+            m_db.announceBill(source);
+            m_db.announceBill(target);
             return std::nullopt;
         });
     } catch (const DbError& e) {

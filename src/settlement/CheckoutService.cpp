@@ -6,6 +6,17 @@
 #include "Printing.h"
 #include "fExpense.h"
 
+CheckoutService::Standing CheckoutService::standing(const QString& expenseID, bool deferred,
+                                                   const BillSnapshot& seen) const {
+    const Rows r = m_db.query(QStringLiteral("select State, VoucherState from Expense where ExpenseID=?"),
+                              {expenseID});
+    if (r.isEmpty()) return Standing::Closed;
+    const qint64 state = r.first().integer(QStringLiteral("State"));
+    const bool open = deferred ? state == 0 && r.first().integer(QStringLiteral("VoucherState")) == 2 : state == 1;
+    if (!open) return Standing::Closed;
+    return fExpense(m_db).Snapshot(expenseID) == seen ? Standing::Same : Standing::Altered;
+}
+
 std::optional<CheckoutBill> CheckoutService::load(const QString& expenseID, const QDateTime& closeTime,
                                                   bool deferred) const {
     const fExpense bills(m_db);
@@ -132,6 +143,8 @@ CheckoutDone CheckoutService::close(const CheckoutInput& in) {
                 m_db.exec(QStringLiteral("update The set State=?, Other1=?, ExpenseID='' where TheID=? and "
                                          "ExpenseID=?"),
                           {state, lockEnd, theID, in.expenseID}) > 0;
+            m_db.announceRoom(theID);
+            m_db.announceBill(in.expenseID);
             if (!in.memberCode.isEmpty()) {
                 switch (MemberService(m_db).settle(in.memberCode, a.sumPay, a.chongzhiPay)) {
                 case MemberService::Settled::Done:

@@ -81,11 +81,20 @@ class CheckoutService {
     // stored value paid.
     CheckoutDone close(const CheckoutInput& in);
 
+    // How the bill a window loaded stands now, as the commit would find it: still to settle
+    // and unchanged, changed (lines, room or tariff), or no longer to settle here.
+    enum class Standing { Same, Altered, Closed };
+    Standing standing(const QString& expenseID, bool deferred, const BillSnapshot& seen) const;
+
   private:
     Db& m_db;
 };
 
 namespace CheckoutText {
+// Said as soon as another till closes the bill on the window.
+inline QString closedElsewhere() {
+    return QStringLiteral("这张单据已经在别处结帐或已被删除！");
+}
 inline QString billChanged() {
     return QStringLiteral("这张单据已经在别处结帐或已被删除，本次结帐没有保存！");
 }

@@ -1,5 +1,6 @@
 #include "frmCloseHouse.h"
 #include "AppState.h"
+#include "ChangeFeed.h"
 #include "ChargeEngine.h"
 #include "CheckoutService.h"
 #include "Clock.h"
@@ -48,6 +49,7 @@ using MoneyBoxes::setText;
 
 frmCloseHouse::frmCloseHouse(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmCloseHouse>()) {
     ui->setupUi(this);
+    connect(&ChangeFeed::main(), &ChangeFeed::changed, this, &frmCloseHouse::billChangedElsewhere);
     // On a small or scaled screen the member and closing details scroll; the amounts and
     // the buttons keep their room.
     for (auto [content, index] : {std::pair<QWidget*, int>{ui->fraMember, 0}, {nullptr, 2}}) {
@@ -170,6 +172,37 @@ void frmCloseHouse::prepare(const QString& expenseID, bool payAfter) {
     ui->ctbThis->setCurrentIndex(0);
     m_expenseID = expenseID;
     LoadBill();
+}
+
+void frmCloseHouse::billChangedElsewhere(const QStringList& keys) {
+    if (m_saved || !isVisible()) return;
+    const bool any = ChangeFeed::isAnyChange(keys);
+    // Bills deferred or settled elsewhere join or leave the list of deferred bills.
+    if (m_isPayAfter &&
+        (any || std::any_of(keys.begin(), keys.end(), [](const QString& k) { return !ChangeFeed::billOf(k).isEmpty(); }))) {
+        try {
+            fillDeferredList();
+        } catch (const DbError&) {
+            // the search button says what is wrong
+        }
+    }
+    if (m_expenseID.isEmpty() || !m_seen || (!any && !keys.contains(QStringLiteral("E") + m_expenseID))) return;
+    CheckoutService::Standing now = CheckoutService::Standing::Same;
+    try {
+        now = CheckoutService().standing(m_expenseID, m_isPayAfter, *m_seen);
+    } catch (const DbError&) {
+        return; // the commit checks again, and says what went wrong
+    }
+    if (now == CheckoutService::Standing::Closed) {
+        Msg::warn(this, CheckoutText::closedElsewhere());
+        if (m_isPayAfter)
+            clearBill();
+        else
+            reject();
+    } else if (now == CheckoutService::Standing::Altered) {
+        LoadBill();
+        if (m_model.memberFound) LoadMember();
+    }
 }
 
 void frmCloseHouse::showEvent(QShowEvent* event) {
@@ -439,19 +472,31 @@ void frmCloseHouse::clearBill() {
 }
 
 void frmCloseHouse::cmdFindjzrinfo_Click() {
-    ui->lblSumGZ->clear();
-    ui->lvwPayAfter->clear();
     clearBill();
     try {
-        const Rows rows = CheckoutService().deferredBills(ui->txtjzrInfo->text());
-        if (!rows.isEmpty()) ShowListInQueryOrder(ui->lvwPayAfter, QStringLiteral("lvwPayAfter"), rows, true);
+        fillDeferredList();
     } catch (const DbError& e) {
         showDbError(this, e, "cmdFindjzrinfo_Click");
-        return;
     }
+}
+
+void frmCloseHouse::fillDeferredList() {
+    const QTreeWidgetItem* current = ui->lvwPayAfter->currentItem();
+    const QString keep = current && current->isSelected() ? current->data(0, Qt::UserRole).toString() : QString();
+    ui->lblSumGZ->clear();
+    ui->lvwPayAfter->clear();
+    const Rows rows = CheckoutService().deferredBills(ui->txtjzrInfo->text());
+    if (!rows.isEmpty()) ShowListInQueryOrder(ui->lvwPayAfter, QStringLiteral("lvwPayAfter"), rows, true);
     Money sum;
-    for (int i = 0; i < ui->lvwPayAfter->topLevelItemCount(); ++i)
-        sum += Money::fromText(ui->lvwPayAfter->topLevelItem(i)->text(1));
+    for (int i = 0; i < ui->lvwPayAfter->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* it = ui->lvwPayAfter->topLevelItem(i);
+        sum += Money::fromText(it->text(1));
+        // The bill being settled stays chosen.
+        if (!keep.isEmpty() && it->data(0, Qt::UserRole).toString() == keep) {
+            ui->lvwPayAfter->setCurrentItem(it);
+            it->setSelected(true);
+        }
+    }
     ui->lblSumGZ->setText(sum.toString2());
 }
 

@@ -51,6 +51,11 @@ class frmCloseHouse : public QDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
+    // Another till changed this bill: closed there, the window says so and closes; changed
+    // there, it shows the bill as it is now.
+    void billChangedElsewhere(const QStringList& keys);
+    // The deferred bills found by the search box, with their sum; the chosen one stays chosen.
+    void fillDeferredList(); // throws DbError
     void showBill();
     void clearBill();
     void chooseBill();

@@ -238,6 +238,7 @@ QSqlQuery& Db::prepared(const QString& sql) {
 
 void Db::run(QSqlQuery& q, const QString& sql, const Params& params) {
     Q_UNUSED(sql);
+    ++m_statements;
     for (int i = 0; i < params.size(); ++i)
         q.bindValue(i, params[i].value());
     if (!q.exec()) {
@@ -325,9 +326,14 @@ void Db::execScript(const QString& script) {
     }
 }
 
+void Db::announce(const QString& key) {
+    if (m_depth > 0 && !m_announced.contains(key)) m_announced << key;
+}
+
 void Db::begin() {
     if (m_depth++ > 0) return;
     m_failed = false;
+    m_announced.clear();
     QSqlQuery q(handle());
     if (!q.exec(m_dialect->beginWrite())) {
         m_depth = 0;
@@ -337,14 +343,26 @@ void Db::begin() {
 
 void Db::commit() {
     if (m_depth <= 0) return;
+    if (m_depth == 1 && !m_failed && backend() == Backend::PostgreSQL) {
+        // Delivered by the server only when the transaction commits.
+        try {
+            for (const QString& key : std::as_const(m_announced))
+                query(QStringLiteral("select pg_notify(?, ?)"), {QString::fromLatin1(ChangeChannel), key});
+        } catch (const DbError&) {
+            m_failed = true;
+        }
+    }
     if (--m_depth > 0) return;
     QSqlQuery q(handle());
     if (m_failed || !q.exec(QStringLiteral("COMMIT"))) {
         DbError e = m_failed ? DbError(-1, QStringLiteral("transaction failed")) : errorOf(q.lastError());
         QSqlQuery r(handle());
         r.exec(QStringLiteral("ROLLBACK"));
+        m_announced.clear();
         throw e;
     }
+    const QStringList keys = std::exchange(m_announced, {});
+    if (!keys.isEmpty() && m_onCommitted) m_onCommitted(keys);
 }
 
 void Db::rollback() {
@@ -353,6 +371,7 @@ void Db::rollback() {
         m_failed = true;
         return;
     }
+    m_announced.clear();
     QSqlQuery q(handle());
     q.exec(QStringLiteral("ROLLBACK"));
 }

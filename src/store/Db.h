@@ -4,7 +4,9 @@
 #include <QSqlDatabase>
 #include <QStringBuilder>
 #include <QVariant>
+#include <QStringList>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -161,6 +163,22 @@ class Db {
         m_discard = true;
         return value;
     }
+    // Inside write(): tells the other tills, once this write commits, that the room `theID`
+    // (`announceRoom`) or the bill `expenseID` (`announceBill`) changed. On PostgreSQL the
+    // notice goes out in the committing transaction, so it arrives only if the change stands;
+    // a write that rolls back announces nothing.
+    void announceRoom(const QString& theID) { announce(QStringLiteral("R") + theID); }
+    void announceBill(const QString& expenseID) { announce(QStringLiteral("E") + expenseID); }
+    void announce(const QString& key);
+    // Called after each committed write that announced something, with its keys.
+    void setCommitListener(std::function<void(const QStringList&)> listener) {
+        m_onCommitted = std::move(listener);
+    }
+    // The channel of the notices on PostgreSQL.
+    static constexpr const char* ChangeChannel = "singbox_change";
+    // Statements run on this connection so far (benchmarks count the cost of a refresh).
+    qint64 statements() const { return m_statements; }
+
     // Whether a write that failed on its `attempt`-th try should run again.
     bool mayRetry(const DbError& e, int attempt) const;
     static constexpr int WriteAttempts = 8;
@@ -185,6 +203,9 @@ class Db {
     int m_depth = 0;
     bool m_failed = false;
     bool m_discard = false;
+    QStringList m_announced;
+    std::function<void(const QStringList&)> m_onCommitted;
+    qint64 m_statements = 0;
 };
 
 inline Db& DB() {
