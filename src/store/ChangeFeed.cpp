@@ -20,6 +20,7 @@ ChangeFeed& ChangeFeed::main() {
 void ChangeFeed::start() {
     // This program's own writes: told once the write has committed, after the service returns.
     m_db.setCommitListener([this](const QStringList& keys) {
+        drain();
         const bool first = m_pending.isEmpty();
         for (const QString& k : keys)
             if (!m_pending.contains(k)) m_pending << k;
@@ -28,6 +29,7 @@ void ChangeFeed::start() {
                                       Qt::QueuedConnection);
     });
     m_dataVersion = -1;
+    m_poll->setInterval(m_db.isOpen() && m_db.backend() == Backend::PostgreSQL ? DrainMs : PollMs);
     poll();
     m_poll->start();
 }
@@ -49,7 +51,17 @@ bool ChangeFeed::subscribed() const {
 }
 
 void ChangeFeed::deliver(const QStringList& keys) {
-    if (!keys.isEmpty()) Q_EMIT changed(keys);
+    if (keys.isEmpty()) return;
+    Q_EMIT changed(keys);
+    drain();
+}
+
+void ChangeFeed::drain() {
+    // A notice that arrives while this program runs a statement of its own is taken off the
+    // connection with the statement's answer and waits in the client library, where no
+    // socket activity announces it: it is collected here, after the program's own work.
+    if (m_driver && subscribed())
+        QMetaObject::invokeMethod(m_driver, "_q_handleNotification", Qt::QueuedConnection);
 }
 
 void ChangeFeed::subscribe() {
@@ -75,6 +87,7 @@ void ChangeFeed::poll() {
         // A connection opened anew (sign-in again, lost and found) is listened to anew; until
         // then the board's refresh timer carries on alone.
         if (!subscribed()) subscribe();
+        drain();
         return;
     }
     try {

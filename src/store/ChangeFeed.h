@@ -29,8 +29,10 @@ class ChangeFeed : public QObject {
     void stop();
     // Whether the server's notices reach this program now (PostgreSQL).
     bool subscribed() const;
-    // How often the change counter is read on SQLite, and the connection checked on PostgreSQL.
-    static constexpr int PollMs = 500;
+    // How often the change counter is read on SQLite; on PostgreSQL, how often notices held
+    // back by the program's own statements are collected (no round trip to the server).
+    static constexpr int PollMs = 250;
+    static constexpr int DrainMs = 50;
 
     static bool isAnyChange(const QStringList& keys) { return keys.contains(QStringLiteral("*")); }
     static QString roomOf(const QString& key) { return key.startsWith(u'R') ? key.mid(1) : QString(); }
@@ -45,6 +47,7 @@ class ChangeFeed : public QObject {
     void subscribe();
     void onNotice(const QString& name, QSqlDriver::NotificationSource source, const QVariant& payload);
     void deliver(const QStringList& keys);
+    void drain();
 
     Db& m_db;
     QTimer* m_poll = nullptr;
