@@ -95,6 +95,13 @@ class TestChangeFeed : public QObject {
         QVERIFY(heard.contains(u"Rr2"_s));
         // On SQLite the other till's checkout may arrive as "something changed"; never as r2's.
         QCOMPARE(heard.count(u"Rr2"_s), 1);
+
+        // The connection opened anew (signing in again, a server back after a break): the
+        // feed listens on the new one by itself.
+        DB().open(v.config());
+        if (TestVenue::isPg()) QTRY_VERIFY_WITH_TIMEOUT(ChangeFeed::main().subscribed(), 5000);
+        QVERIFY(!RoomUseService(other).open(party(u"r1"_s)).expenseID.isEmpty());
+        QTRY_COMPARE_WITH_TIMEOUT(status(board, u"r1"_s), u"Use"_s, 5000);
         QCOMPARE(messages(), QStringList());
     }
 
