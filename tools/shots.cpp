@@ -9,6 +9,12 @@
 #include "frmDbLink.h"
 #include "frmLogin.h"
 #include "frmMain.h"
+#include "ReservationService.h"
+#include "frmEditReservation.h"
+#include "frmReservation.h"
+#include "Clock.h"
+#include "Format.h"
+#include <QTabWidget>
 #include "frmOutSale.h"
 #include "frmOption.h"
 #include "frmPayLevel.h"
@@ -236,6 +242,38 @@ int main(int argc, char** argv) {
     frmLogSetup logSetup;
     logSetup.load();
     save(&logSetup, QStringLiteral("frmLogSetup"));
+    // The home page, the help, and reservations: rooms reserved on the board, the list, the dialog.
+    main.resize(1366, 768);
+    main.ShowHomePage(false);
+    save(&main, QStringLiteral("home"));
+    main.runCommand(QStringLiteral("mnuHelpfile"));
+    save(&main, QStringLiteral("help"));
+    const QStringList reserve = {QStringLiteral("B02"), QStringLiteral("B03"), QStringLiteral("B05")};
+    int hours = 1;
+    for (const QString& code : reserve) {
+        ReservationInput r;
+        r.customerName = QStringLiteral("张先生");
+        r.customerPhone = QStringLiteral("13800138000");
+        r.customerNum = QStringLiteral("8");
+        r.theID = DB().scalar(QStringLiteral("select TheID from The where TheCode=?"), {code}).toString();
+        r.assortID = ReservationService().assortOf(r.theID);
+        r.start = ToMinute(Now()).addSecs(3600 * hours);
+        r.end = r.start.addSecs(3600);
+        r.description = QStringLiteral("生日聚会，需要蛋糕");
+        r.isNow = code != QLatin1String("B05");
+        ReservationService().save(r, ReservationMode::Add, {});
+        hours += 7;
+    }
+    main.findChild<QTabWidget*>(QStringLiteral("ctbThis"))->setCurrentIndex(1);
+    main.board()->LoadRoomTabs();
+    main.board()->findRoom(QStringLiteral("B02"));
+    save(&main, QStringLiteral("board-reserved"));
+    frmReservation reservations;
+    reservations.LoadReservation();
+    save(&reservations, QStringLiteral("frmReservation"));
+    frmEditReservation editReservation;
+    editReservation.prepare(ReservationMode::Add, main.board()->selectedTheID(), {}, true);
+    save(&editReservation, QStringLiteral("frmEditReservation"));
     PrintShots(g_out, DB().scalar(QStringLiteral("select ExpenseID from The where TheID=?"), {busy}).toString());
     DB().close();
     return 0;

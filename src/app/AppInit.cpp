@@ -12,6 +12,7 @@
 void InitResources() {
     Q_INIT_RESOURCE(store);
     Q_INIT_RESOURCE(app);
+    Q_INIT_RESOURCE(web);
 }
 
 namespace {

@@ -2,12 +2,14 @@
 // commands that open, stop, resume, move and merge rooms.
 #include "MessageBox.h"
 #include "PrintUi.h"
+#include "ReservationService.h"
 #include "RefusalShow.h"
 #include "RoomBoard.h"
 #include "RoomService.h"
 #include "fThe.h"
 #include "frmCloseHouse.h"
 #include "frmExpenseAmalgamate.h"
+#include "frmEditReservation.h"
 #include "frmExpenseDetail.h"
 #include "frmHouseChange.h"
 #include "frmMain.h"
@@ -90,6 +92,9 @@ void frmMain::wireBoard() {
         dlg.ShowMe();
     });
     wire(QStringLiteral("tbrOUTSALE"), [this] { runCommand(QStringLiteral("mnuOutSale")); });
+    wire(QStringLiteral("mnuReservation"), [this] { MakeReservation(); });
+    wire(QStringLiteral("mnuReservationView"), [this] { ViewReservation(); });
+    wire(QStringLiteral("mnuReservationCancel"), [this] { CancelReservation(); });
 }
 
 void frmMain::applyRoomState(const QString& status) {
@@ -195,6 +200,38 @@ void frmMain::CloseRoom() {
         m_board->setRoomState(theID, QStringLiteral("Lock"), QStringLiteral("锁定"), QString());
     else
         m_board->setRoomState(theID, QStringLiteral("Common"), QStringLiteral("空闲"), QString());
+}
+
+void frmMain::MakeReservation() {
+    const QString theID = m_board->selectedTheID();
+    bool isNow = false;
+    frmEditReservation dlg(this);
+    const QString id = dlg.Add(isNow, theID);
+    if (id.isEmpty() || !isNow) return;
+    // The list read again shows the room the dialog reserved, whichever was chosen there.
+    m_board->LoadRoomList();
+    if (m_board->selectedTheID() == theID && m_board->selectedStatus() == QLatin1String("Reservation"))
+        announce(m_board->codeOf(theID) + QStringLiteral(" 已预留"));
+}
+
+void frmMain::ViewReservation() {
+    const QString tag = m_board->selectedTag();
+    if (tag.isEmpty() || m_board->selectedStatus() != QLatin1String("Reservation")) return;
+    frmEditReservation dlg(this);
+    dlg.View(tag);
+}
+
+void frmMain::CancelReservation() {
+    const QString theID = m_board->selectedTheID();
+    if (theID.isEmpty() || m_board->selectedStatus() != QLatin1String("Reservation")) return;
+    const QString code = m_board->codeOf(theID);
+    if (const Refused r = ReservationService().freeRoom(theID, m_board->selectedTag())) {
+        ShowRefusal(this, *r);
+        m_board->LoadRoomList();
+        return;
+    }
+    m_board->setRoomState(theID, QStringLiteral("Common"), QStringLiteral("空闲"), QString());
+    announce(code + QStringLiteral(" 已取消预留"));
 }
 
 void frmMain::PayAfter() {

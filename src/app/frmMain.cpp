@@ -42,7 +42,6 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     setWindowTitle(App().AppTitle);
     // 8880 x 6510 twips at 15 twips a pixel.
     setMinimumSize(592, 434);
-    ui->ctbThis->setTabEnabled(0, false); // the home page comes later
     ui->ctbThis->setCurrentIndex(1);
 
     m_board = new RoomBoard(ui->pageBoard);
@@ -66,6 +65,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     buildStatusBar();
     buildHelpPanel();
     wireBoard();
+    buildHomePage();
 
     wire(QStringLiteral("mnuExit"), [this] { close(); });
     wire(QStringLiteral("mnuRelogin"), [this] { Relogin(); });
@@ -174,6 +174,7 @@ QString frmMain::announced() const {
 void frmMain::buildMenus() {
     QHash<QString, QMenu*>& menus = m_menus;
     for (const MenuCommand& c : MenuCommands()) {
+        if (c.menu.isEmpty()) continue; // the home page's own commands
         QMenu*& menu = menus[c.menu];
         if (!menu) {
             menu = menuBar()->addMenu(c.menu);
@@ -214,6 +215,7 @@ void frmMain::buildToolbar() {
     wire(QStringLiteral("tbrRELOGIN"), [this] { Relogin(); });
     wire(QStringLiteral("tbrEXIT"), [this] { close(); });
     wire(QStringLiteral("tbrCOMMON"), [this] { ui->ctbThis->setCurrentIndex(1); });
+    wire(QStringLiteral("tbrREPORT"), [] {}); // recognised, nothing behind it
 }
 
 void frmMain::toolbarClicked(const QString& key) {
@@ -317,7 +319,15 @@ void frmMain::Init() {
         refreshOperatorPanel();
         ChangeFeed::main().start();
         m_board->LoadRoomTabs();
-        m_board->currentView()->setFocus();
+        // The page to start on: 1 the board, 2 the memo, anything else the home page.
+        const int top = int(Val(GetIni(QStringLiteral("ThisTopWeb"))));
+        if (top == 1)
+            ui->ctbThis->setCurrentIndex(1);
+        else if (top == 2)
+            ui->ctbThis->setCurrentIndex(2);
+        else
+            ShowHomePage(false);
+        if (top == 1) m_board->currentView()->setFocus();
     } catch (const DbError& e) {
         Msg::critical(this, e.message(QStringLiteral("Init"), QStringLiteral("frmMain")));
     }

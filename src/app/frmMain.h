@@ -12,6 +12,8 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QTimer;
+class QTextBrowser;
+class QUrl;
 class QToolBar;
 class QDockWidget;
 class QMenu;
@@ -42,6 +44,17 @@ public:
     bool isWired(const QString& name) const { return m_handlers.contains(name); }
     // Runs a menu command as its menu item would: its right first, then its action.
     void runCommand(const QString& name);
+    // The home page (MainHome.cpp): page 0 with the venue's pages of webface/, whose "#"
+    // links run the commands of the one command table.
+    void ShowHomePage(bool useDefault);
+    void ShowWebPage(const QString& name);
+    void SetWebTop(const QString& page);
+    // A home page link: "...#word" runs the command the word names (letter case aside; an
+    // unknown word does nothing), a page of this program is shown in place, any other
+    // address goes to the desktop's browser.
+    void navigate(const QUrl& url);
+    void runWord(const QString& word);
+    QTextBrowser* browser() const { return m_wbr; }
     // What the last action did, on the status bar until the next action.
     void announce(const QString& text);
     QString announced() const;
@@ -55,6 +68,10 @@ public:
     void showHelpFor(QWidget* focused);
     // The board's commands (MainBoard.cpp).
     void wireBoard();
+    void buildHomePage();
+    void MakeReservation();
+    void ViewReservation();
+    void CancelReservation();
     void applyRoomState(const QString& statusKey);
     void OpenRoom();
     void AddExpense(const QString& theID, const QString& tag);
@@ -79,6 +96,7 @@ public:
     QLabel* m_sbAction = nullptr;
     QLineEdit* m_txtTime = nullptr;
     QTimer* m_tmRefurbish = nullptr;
+    QTextBrowser* m_wbr = nullptr;
     QDockWidget* m_helpDock = nullptr;
     QPlainTextEdit* m_txtHelp = nullptr;
     bool m_exiting = false;

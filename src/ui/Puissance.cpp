@@ -65,6 +65,10 @@ const QList<GuardedButton>& GuardedButtons() {
         {QStringLiteral("frmSetupMember"), QStringLiteral("cmdMemberSetupAdd"), QStringLiteral("C007")},
         {QStringLiteral("frmSetupMember"), QStringLiteral("cmdMemberSetupEdit"), QStringLiteral("C007")},
         {QStringLiteral("frmSetupMember"), QStringLiteral("cmdMemberSetupDel"), QStringLiteral("C007")},
+        {QStringLiteral("frmReservation"), QStringLiteral("cmdNew"), QStringLiteral("C010")},
+        {QStringLiteral("frmReservation"), QStringLiteral("cmdReservationEdit"), QStringLiteral("C010")},
+        {QStringLiteral("frmReservation"), QStringLiteral("cmdReservationCancel"), QStringLiteral("C010")},
+        {QStringLiteral("frmReservation"), QStringLiteral("cmdReservationDel"), QStringLiteral("C010")},
     };
     return table;
 }

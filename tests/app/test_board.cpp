@@ -61,10 +61,10 @@ class TestBoard : public QObject {
     void commands_follow_the_status_data() { // clang-format off
         columns<int, QString, QString>("state", "other1", "enabled");
         const QString open = u"mnuOpOpen tbrOPENHOUSE"_s;
-        QTest::newRow("free") << 0 << "" << u"mnuOpOpen tbrOPENHOUSE mnuHouseStop"_s;
-        QTest::newRow("lock run out is free") << 4 << "2026-11-21 19:00" << u"mnuOpOpen tbrOPENHOUSE mnuHouseStop"_s;
+        QTest::newRow("free") << 0 << "" << u"mnuOpOpen tbrOPENHOUSE mnuHouseStop mnuReservation"_s;
+        QTest::newRow("lock run out is free") << 4 << "2026-11-21 19:00" << u"mnuOpOpen tbrOPENHOUSE mnuHouseStop mnuReservation"_s;
         QTest::newRow("in use") << 1 << "" << u"mnuOpExpense mnuOpEnd mnuPrintExpense mnuHouseChange"_s;
-        QTest::newRow("reserved") << 3 << "" << open;
+        QTest::newRow("reserved") << 3 << "" << open + u" mnuReservationView mnuReservationCancel"_s;
         QTest::newRow("stopped") << 2 << "" << u"mnuHouseResume"_s;
         QTest::newRow("locked") << 4 << "2026-11-21 21:00" << u"mnuHouseResume"_s; // clang-format on
     }

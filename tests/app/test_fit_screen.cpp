@@ -11,7 +11,9 @@
 #include "TestVenue.h"
 #include "frmChongzhi.h"
 #include "frmCloseHouse.h"
+#include "frmEditReservation.h"
 #include "frmEmployee.h"
+#include "frmReservation.h"
 #include "frmExpenseAmalgamate.h"
 #include "frmExpenseDetail.h"
 #include "frmOutSale.h"
@@ -106,6 +108,10 @@ void TestFitScreen::windows_fit_data() {
                            << "cmdOK";
     QTest::newRow("employee") << "frmEmployee"
                               << "cmdOK";
+    QTest::newRow("reservations") << "frmReservation"
+                                  << "cmdClose";
+    QTest::newRow("reservation") << "frmEditReservation"
+                                 << "OKButton";
 }
 
 void TestFitScreen::windows_fit() {
@@ -129,6 +135,8 @@ void TestFitScreen::windows_fit() {
         {u"frmPayLevel"_s, dialog<frmPayLevel>([](auto* d, auto&) { d->prepare(u"00000000000000001"_s); return true; })},
         {u"frmWare"_s, dialog<frmWare>([](auto* d, auto&) { d->startAdd(); return true; })},
         {u"frmEmployee"_s, dialog<frmEmployee>([](auto* d, auto&) { d->startAdd(); return true; })},
+        {u"frmReservation"_s, dialog<frmReservation>([](auto* d, auto&) { d->LoadReservation(); return true; })},
+        {u"frmEditReservation"_s, dialog<frmEditReservation>([](auto* d, auto&) { d->prepare(ReservationMode::Add, u"r2"_s, {}, true); return true; })},
     };
     // clang-format on
     frmMain main;

@@ -15,6 +15,7 @@
 #include "frmOperatorList.h"
 #include "frmOption.h"
 #include "frmOutSale.h"
+#include "frmReservation.h"
 #include "frmSetupMember.h"
 #include <QAbstractButton>
 #include <QPushButton>
@@ -78,6 +79,7 @@ class TestRightsSweep : public QObject {
         add(new frmMemberList);
         add(new frmChongzhiList);
         add(new frmSetupMember);
+        add(new frmReservation);
         const auto button = [&](const GuardedButton& g) -> QAbstractButton* {
             for (const auto& [name, form] : forms) {
                 QWidget* w = name == g.form ? form.get() : form->findChild<QWidget*>(g.form);
