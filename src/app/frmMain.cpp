@@ -101,7 +101,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         dlg.ShowMe();
     };
     wire(QStringLiteral("mnuEmployee"), showEmployees);
-    wire(QStringLiteral("tbrEMPLOYEE"), showEmployees);
+    wire(QStringLiteral("tbrEMPLOYEE"), [this] { runCommand(QStringLiteral("mnuEmployee")); });
     wire(QStringLiteral("mnuMember"), [this] {
         frmMemberList dlg(this);
         dlg.ShowMe();
@@ -116,7 +116,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         dlg.ShowMe(0);
     };
     wire(QStringLiteral("mnuFindChongzhi"), showChongzhi);
-    wire(QStringLiteral("tbrCHONGZHI"), showChongzhi);
+    wire(QStringLiteral("tbrCHONGZHI"), [this] { runCommand(QStringLiteral("webChongzhi")); });
     wire(QStringLiteral("mnuChangePw"), [this] {
         frmChangePw dlg(this);
         dlg.ShowMe(1, App().CurrentOperatorID);
@@ -130,7 +130,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         frmLog dlg(this);
         dlg.ShowMe();
     });
-    wire(QStringLiteral("tbrOPTION"), showOptions);
+    wire(QStringLiteral("tbrOPTION"), [this] { runCommand(QStringLiteral("mnuBusCommon")); });
     wire(QStringLiteral("mnuFindHouse"), [this] {
         ui->ctbThis->setCurrentIndex(1);
         if (auto* find = findChild<QLineEdit*>(QStringLiteral("txtFindHouse"))) {
@@ -212,9 +212,10 @@ void frmMain::buildToolbar() {
         if (t.key == QLatin1String("RELOGIN")) m_tbrMain->insertSeparator(a);
     }
     // Keys that work already.
-    wire(QStringLiteral("tbrRELOGIN"), [this] { Relogin(); });
-    wire(QStringLiteral("tbrEXIT"), [this] { close(); });
-    wire(QStringLiteral("tbrCOMMON"), [this] { ui->ctbThis->setCurrentIndex(1); });
+    // The toolbar runs the commands of the one table, rights and all.
+    wire(QStringLiteral("tbrRELOGIN"), [this] { runCommand(QStringLiteral("mnuRelogin")); });
+    wire(QStringLiteral("tbrEXIT"), [this] { runCommand(QStringLiteral("mnuExit")); });
+    wire(QStringLiteral("tbrCOMMON"), [this] { runCommand(QStringLiteral("webCommon")); });
     wire(QStringLiteral("tbrREPORT"), [] {}); // recognised, nothing behind it
 }
 
