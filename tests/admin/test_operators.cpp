@@ -244,12 +244,6 @@ class TestOperators : public QObject {
                                           u"共删除%1条系统日志！"_s.arg(rows)}));
         QCOMPARE(list->topLevelItemCount(), 1);
 
-        DB().exec(u"update Puissance set isHave=0 where OperatorID=? and SysPuissanceID='F012'"_s,
-                  {App().CurrentOperatorID});
-        child<QPushButton>(dlg, "cmdDel")->click();
-        QCOMPARE(messages(), QStringList{u"您没有操作此项业务的权限！"_s});
-        QCOMPARE(count(u"select count(*) from s_log"_s), 1);
-
         frmLogSetup setup;
         setup.load();
         child<QRadioButton>(setup, "optSet1")->setChecked(true);

@@ -237,32 +237,6 @@ class TestOption : public QObject {
         w.cmdWareAdd_Click();
         QCOMPARE(names(child<QTreeWidget>(w, "lvwWare")), (QStringList{u"啤酒"_s, u"红酒"_s, u"黑啤"_s}));
     }
-
-    void goodsButtonsNeedTheirRights_data() { // clang-format off
-        columns<QString, QString>("code", "button");
-        QTest::newRow("type add") << "C004" << "cmdWareTypeAdd";
-        QTest::newRow("type delete") << "C004" << "cmdWareTypeDel";
-        QTest::newRow("article add") << "C005" << "cmdWareAdd";
-        QTest::newRow("article delete") << "C005" << "cmdWareDel";
-        QTest::newRow("type periods") << "C006" << "cmdWareLevel";
-        QTest::newRow("venue periods") << "C006" << "Command1"; // clang-format on
-    }
-    void goodsButtonsNeedTheirRights() {
-        auto [code, button] = fetch<QString, QString>("code", "button");
-        NEW_VENUE(v);
-        addGoods();
-        signInWithout(code);
-        frmOption w;
-        select(child<QTreeWidget>(w, "lvwWareType"), u"02"_s);
-        auto* goods = child<QTreeWidget>(w, "lvwWare");
-        goods->setCurrentItem(goods->topLevelItem(0));
-        const auto opened = onModal([](QDialog*) {});
-        w.findChild<QPushButton*>(button)->click();
-        QCoreApplication::processEvents();
-        QCOMPARE(messages(), QStringList{u"您没有操作此项业务的权限！"_s});
-        QVERIFY(!*opened);
-        QCOMPARE(dump(u"select (select count(*) from Ware), (select count(*) from WareType)"_s), u"3|2"_s);
-    }
 };
 
 QTEST_MAIN(TestOption)

@@ -211,21 +211,6 @@ class TestSignIn : public QObject {
         QCOMPARE(backups, TestVenue::isPg() ? QStringList() : QStringList{u"202611212000.db"_s});
     }
 
-    void guardedMenuAsksForTheRight() {
-        NEW_VENUE(v);
-        addOperator(u"o1"_s, u"cashier"_s, QString(), 0);
-        App().CurrentOperatorID = u"o1"_s;
-        frmMain w;
-        int ran = 0;
-        w.wire(u"mnuLog"_s, [&] { ++ran; });
-        w.action(u"mnuLog"_s)->trigger();
-        QCOMPARE(ran, 0);
-        QCOMPARE(messages(), QStringList{u"您没有操作此项业务的权限！"_s});
-        DB().exec(u"insert into Puissance (OperatorID, SysPuissanceID, isHave) values ('o1', 'F010', 1)"_s);
-        w.action(u"mnuLog"_s)->trigger();
-        QCOMPARE(ran, 1);
-        QCOMPARE(messages(), QStringList());
-    }
 };
 
 QTEST_MAIN(TestSignIn)

@@ -400,30 +400,6 @@ class TestMemberForms : public QObject {
         QCOMPARE(list->topLevelItemCount(), 2);
     }
 
-    // Without the rights the buttons refuse and open nothing.
-    void rights_data() { // clang-format off
-        QTest::addColumn<QString>("button");
-        QTest::newRow("add needs C008") << "cmdAdd";
-        QTest::newRow("delete needs C008") << "cmdDel";
-        QTest::newRow("top-up needs C015") << "cmdChongzhi";
-        QTest::newRow("classes need C007") << "cmdSetup"; // clang-format on
-    }
-    void rights() {
-        QFETCH(QString, button);
-        NEW_VENUE(v);
-        seed();
-        DB().exec(u"insert into Operator (OperatorID, LoginName, operatorname, State) values "
-                  "('o1', 'c', '收银员', 0)"_s);
-        App().CurrentOperatorID = u"o1"_s;
-        frmMemberList w;
-        w.prepare(false);
-        click(&w, "cmdFind");
-        selectRow(child<QTreeWidget>(&w, "lvwThis"), u"MemberCode"_s, u"B2"_s);
-        child<QPushButton>(&w, qPrintable(button))->click();
-        QCOMPARE(messages(), QStringList{u"您没有操作此项业务的权限！"_s});
-        QCOMPARE(count(u"select count(*) from Member"_s), 2);
-        QCOMPARE(QApplication::activeModalWidget(), nullptr);
-    }
 };
 
 QTEST_MAIN(TestMemberForms)
