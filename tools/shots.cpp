@@ -9,6 +9,10 @@
 #include "frmDbLink.h"
 #include "frmLogin.h"
 #include "frmMain.h"
+#include "SupplierService.h"
+#include "frmSupplier.h"
+#include "frmSupplierList.h"
+#include "frmWarehouseNum.h"
 #include "ReservationService.h"
 #include "frmEditReservation.h"
 #include "frmReservation.h"
@@ -274,6 +278,23 @@ int main(int argc, char** argv) {
     frmEditReservation editReservation;
     editReservation.prepare(ReservationMode::Add, main.board()->selectedTheID(), {}, true);
     save(&editReservation, QStringLiteral("frmEditReservation"));
+    // Stock: the suppliers and the stock on hand.
+    for (const char* name : {"青岛啤酒华东供应站", "可口可乐杭州分公司", "滨江副食批发"}) {
+        SupplierInput s{{QStringLiteral("SupplierName"), QString::fromUtf8(name)},
+                        {QStringLiteral("linkmanname"), QStringLiteral("王经理")},
+                        {QStringLiteral("phone"), QStringLiteral("0571-88001234")}};
+        SupplierService().save({}, s);
+    }
+    frmSupplierList suppliers;
+    suppliers.prepare(false);
+    save(&suppliers, QStringLiteral("frmSupplierList"));
+    frmSupplier supplier;
+    supplier.prepare(DB().scalar(QStringLiteral("select min(SupplierID) from Supplier")).toString());
+    save(&supplier, QStringLiteral("frmSupplier"));
+    DB().exec(QStringLiteral("update Ware set minnum=20 where WareID in (select WareID from Ware order by WareCode limit 3)"));
+    frmWarehouseNum stock;
+    stock.LoadData();
+    save(&stock, QStringLiteral("frmWarehouseNum"));
     PrintShots(g_out, DB().scalar(QStringLiteral("select ExpenseID from The where TheID=?"), {busy}).toString());
     DB().close();
     return 0;

@@ -21,6 +21,9 @@
 #include "frmOperatorList.h"
 #include "frmOption.h"
 #include "frmSetupMember.h"
+#include "StockView.h"
+#include "frmSupplierList.h"
+#include "frmWarehouseNum.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -131,6 +134,15 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         dlg.ShowMe();
     });
     wire(QStringLiteral("tbrOPTION"), [this] { runCommand(QStringLiteral("mnuBusCommon")); });
+    // Stock: the suppliers, and the stock on hand while stock keeping is on.
+    wire(QStringLiteral("mnuSupplierList"), [this] {
+        frmSupplierList dlg(this);
+        dlg.ShowMe();
+    });
+    wire(QStringLiteral("mnuWarehouseNum"), [this] {
+        if (App().IsUseWareHouse != 1) return Msg::info(this, StockSwitchedOffText());
+        frmWarehouseNum::ShowMe(this);
+    });
     wire(QStringLiteral("mnuFindHouse"), [this] {
         ui->ctbThis->setCurrentIndex(1);
         if (auto* find = findChild<QLineEdit*>(QStringLiteral("txtFindHouse"))) {

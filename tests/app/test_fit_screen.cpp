@@ -14,6 +14,9 @@
 #include "frmEditReservation.h"
 #include "frmEmployee.h"
 #include "frmReservation.h"
+#include "frmSupplier.h"
+#include "frmSupplierList.h"
+#include "frmWarehouseNum.h"
 #include "frmExpenseAmalgamate.h"
 #include "frmExpenseDetail.h"
 #include "frmOutSale.h"
@@ -112,6 +115,12 @@ void TestFitScreen::windows_fit_data() {
                                   << "cmdClose";
     QTest::newRow("reservation") << "frmEditReservation"
                                  << "OKButton";
+    QTest::newRow("suppliers") << "frmSupplierList"
+                               << "cmdExit";
+    QTest::newRow("supplier") << "frmSupplier"
+                              << "OKButton";
+    QTest::newRow("stock") << "frmWarehouseNum"
+                           << "OKButton";
 }
 
 void TestFitScreen::windows_fit() {
@@ -135,6 +144,9 @@ void TestFitScreen::windows_fit() {
         {u"frmPayLevel"_s, dialog<frmPayLevel>([](auto* d, auto&) { d->prepare(u"00000000000000001"_s); return true; })},
         {u"frmWare"_s, dialog<frmWare>([](auto* d, auto&) { d->startAdd(); return true; })},
         {u"frmEmployee"_s, dialog<frmEmployee>([](auto* d, auto&) { d->startAdd(); return true; })},
+        {u"frmSupplierList"_s, dialog<frmSupplierList>([](auto* d, auto&) { d->prepare(false); return true; })},
+        {u"frmSupplier"_s, dialog<frmSupplier>([](auto* d, auto&) { return d->prepare({}); })},
+        {u"frmWarehouseNum"_s, dialog<frmWarehouseNum>([](auto* d, auto&) { d->LoadData(); return true; })},
         {u"frmReservation"_s, dialog<frmReservation>([](auto* d, auto&) { d->LoadReservation(); return true; })},
         {u"frmEditReservation"_s, dialog<frmEditReservation>([](auto* d, auto&) { d->prepare(ReservationMode::Add, u"r2"_s, {}, true); return true; })},
     };

@@ -17,6 +17,7 @@
 #include "frmOutSale.h"
 #include "frmReservation.h"
 #include "frmSetupMember.h"
+#include "frmSupplierList.h"
 #include <QAbstractButton>
 #include <QPushButton>
 #include <QTest>
@@ -80,6 +81,7 @@ class TestRightsSweep : public QObject {
         add(new frmChongzhiList);
         add(new frmSetupMember);
         add(new frmReservation);
+        add(new frmSupplierList);
         const auto button = [&](const GuardedButton& g) -> QAbstractButton* {
             for (const auto& [name, form] : forms) {
                 QWidget* w = name == g.form ? form.get() : form->findChild<QWidget*>(g.form);
