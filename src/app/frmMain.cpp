@@ -24,6 +24,7 @@
 #include "StockView.h"
 #include "frmSupplierList.h"
 #include "frmWarehouseNum.h"
+#include "frmWareIn.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -138,6 +139,11 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     wire(QStringLiteral("mnuSupplierList"), [this] {
         frmSupplierList dlg(this);
         dlg.ShowMe();
+    });
+    wire(QStringLiteral("mnuWareIn"), [this] {
+        if (App().IsUseWareHouse != 1) return Msg::info(this, StockSwitchedOffText());
+        frmWareIn dlg(this);
+        dlg.Add();
     });
     wire(QStringLiteral("mnuWarehouseNum"), [this] {
         if (App().IsUseWareHouse != 1) return Msg::info(this, StockSwitchedOffText());

@@ -14,6 +14,9 @@ public:
     virtual QString blobType() const = 0;
     // Case-insensitive pattern match operator.
     virtual QString ilike() const = 0;
+    // Appended to a select that reads a row to write it back in the same transaction: the
+    // server holds the row until the commit. SQLite's write transaction holds the whole file.
+    virtual QString forUpdate() const = 0;
     virtual bool isUniqueViolation(const DbError& e) const = 0;
     virtual bool isRetryable(const DbError& e) const = 0;
     // A condition that holds for the first row a plain select of a table without a key
@@ -31,6 +34,7 @@ public:
     QString realType() const override { return QStringLiteral("REAL"); }
     QString blobType() const override { return QStringLiteral("BLOB"); }
     QString ilike() const override { return QStringLiteral("LIKE"); }
+    QString forUpdate() const override { return {}; }
     bool isUniqueViolation(const DbError& e) const override;
     bool isRetryable(const DbError& e) const override;
     QString firstRowOf(const QString& table) const override {
@@ -46,6 +50,7 @@ public:
     QString realType() const override { return QStringLiteral("DOUBLE PRECISION"); }
     QString blobType() const override { return QStringLiteral("BYTEA"); }
     QString ilike() const override { return QStringLiteral("ILIKE"); }
+    QString forUpdate() const override { return QStringLiteral(" for update"); }
     bool isUniqueViolation(const DbError& e) const override;
     bool isRetryable(const DbError& e) const override;
     QString firstRowOf(const QString& table) const override {

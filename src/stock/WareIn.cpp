@@ -1,0 +1,89 @@
+#include "WareIn.h"
+#include "AppState.h"
+#include "Dialect.h"
+#include "Format.h"
+#include "Gateway.h"
+#include "Val.h"
+
+WareCost UpdateWareCost(double oldNum, Money oldPrice, double num, Money theMoney) {
+    const float count = float(oldNum);
+    Money oldValue;
+    if (count == 0)
+        oldValue = oldPrice;
+    else if (oldPrice.isZero())
+        oldValue = Money::fromDouble(count);
+    else
+        oldValue = oldPrice.times(count);
+    const float newNum = count + float(num);
+    WareCost c{newNum, Money()};
+    if (newNum != 0)
+        c.newPrice = Money::fromText(FormatNumber((oldValue + theMoney).toDouble() / double(newNum), QStringLiteral("0.00")));
+    return c;
+}
+
+QString ReceiptPriceText(const QString& num, const QString& theMoney) {
+    const double n = Val(num);
+    if (n == 0) return QStringLiteral("0");
+    return FormatNumber(Val(theMoney) / n, QStringLiteral("0.00"));
+}
+
+Refused CheckReceiptLine(const QString& supplierID, const QString& wareID, const QString& num,
+                         const QString& theMoney) {
+    if (supplierID.isEmpty()) return Refusal(QStringLiteral("请选择供应商！"), QStringLiteral("imgcmbSupplier"));
+    if (wareID.isEmpty()) return Refusal(QStringLiteral("请输入商品助记符！"), QStringLiteral("txtMnemonics"));
+    if (!ReadNumber(num, Range::Quantity)) return Refusal(QStringLiteral("请输入商品数量！"), QStringLiteral("txtNum"));
+    if (!ReadNumber(theMoney, Range::Money))
+        return Refusal(QStringLiteral("请输入商品金额！"), QStringLiteral("txtTheMoney"));
+    return std::nullopt;
+}
+
+WareInLine MakeReceiptLine(const WareInGoods& ware, const QString& num, const QString& theMoney,
+                            const QString& desc, bool out, const QString& supplierID, const QString& supplierName) {
+    const double sign = out ? -1 : 1;
+    WareInLine l{ware.wareID, ware.wareName, ware.wareUnit, sign * *ReadNumber(num, Range::Quantity),
+                  Money::fromText(ReceiptPriceText(num, theMoney)),
+                  Money::fromText(FormatNumber(sign * *ReadNumber(theMoney, Range::Money), QStringLiteral("0.00"))),
+                  desc.left(50), supplierID, supplierName};
+    return l;
+}
+
+Rows ReceiptService::suppliers() const {
+    return m_db.query(QStringLiteral("Select SupplierID, SupplierName from Supplier"));
+}
+
+std::optional<WareInGoods> ReceiptService::findWare(const QString& mnemonic) const {
+    const Rows r = m_db.query(QStringLiteral("select ware.*,waretype.WareTypeName from Ware left join wareType on "
+                                             "ware.waretypeID=waretype.waretypeID where ware.Mnemonics = ?"),
+                              {mnemonic});
+    if (r.isEmpty()) return std::nullopt;
+    return WareInGoods{r.first().text(QStringLiteral("WareID")), r.first().text(QStringLiteral("WareName")),
+                       r.first().text(QStringLiteral("WareUnit"))};
+}
+
+QString ReceiptService::save(const WareInHeader& h, const QList<WareInLine>& lines) {
+    return m_db.write([&] {
+        const QString id = FreshKey(QStringLiteral("WareIn"), QStringLiteral("wareInID"), m_db);
+        m_db.exec(QStringLiteral("insert into WareIn (wareInID, InTime, thejb, createname, theDesc, TheCode, "
+                                 "SupplierID) values (?, ?, ?, ?, ?, ?, ?)"),
+                  {id, h.inTime.toString(QStringLiteral("yyyy-MM-dd")), h.theJB, App().CurrentOperatorName,
+                   h.theDesc, h.theCode, h.supplierID.isEmpty() ? Param(nullptr) : Param(h.supplierID)});
+        for (const WareInLine& l : lines) {
+            m_db.exec(QStringLiteral("insert into WareInList (WareInListID, wareInID, WareID, num, Price, theMoney, "
+                                     "wareDesc, SupplierID) values (?, ?, ?, ?, ?, ?, ?, ?)"),
+                      {FreshKey(QStringLiteral("WareInList"), QStringLiteral("WareInListID"), m_db), id, l.wareID,
+                       l.num, l.price, l.theMoney, l.wareDesc,
+                       l.supplierID.isEmpty() ? Param(nullptr) : Param(l.supplierID)});
+            if (App().IsUseWareHouse != 1) continue;
+            const Rows ware = m_db.query(
+                QStringLiteral("select nownum, ProcurePrice from Ware where WareID=?") + m_db.dialect().forUpdate(),
+                {l.wareID});
+            if (ware.isEmpty()) continue; // an article deleted meanwhile has no stock to keep
+            const WareCost c = UpdateWareCost(ware.first().num(QStringLiteral("nownum")),
+                                              ware.first().money(QStringLiteral("ProcurePrice")), float(l.num),
+                                              l.theMoney);
+            m_db.exec(QStringLiteral("Update Ware Set nownum=?,ProcurePrice=? where  wareid=?"),
+                      {c.newNum, c.newPrice, l.wareID});
+        }
+        return id;
+    });
+}
