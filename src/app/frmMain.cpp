@@ -25,6 +25,7 @@
 #include "frmSupplierList.h"
 #include "frmWarehouseNum.h"
 #include "frmWareIn.h"
+#include "frmWareLoss.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -143,6 +144,10 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     wire(QStringLiteral("mnuWareIn"), [this] {
         if (App().IsUseWareHouse != 1) return Msg::info(this, StockSwitchedOffText());
         frmWareIn dlg(this);
+        dlg.Add();
+    });
+    wire(QStringLiteral("mnuWareLoss"), [this] {
+        frmWareLoss dlg(this);
         dlg.Add();
     });
     wire(QStringLiteral("mnuWarehouseNum"), [this] {

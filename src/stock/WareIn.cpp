@@ -4,6 +4,7 @@
 #include "Format.h"
 #include "Gateway.h"
 #include "Val.h"
+#include <QTreeWidget>
 
 WareCost UpdateWareCost(double oldNum, Money oldPrice, double num, Money theMoney) {
     const float count = float(oldNum);
@@ -47,6 +48,65 @@ WareInLine MakeReceiptLine(const WareInGoods& ware, const QString& num, const QS
     return l;
 }
 
+void AddStockLine(QTreeWidget* list, const WareInLine& l) {
+    auto* it = new QTreeWidgetItem({l.wareName, QString::number(l.num, 'g', 12), l.price.toString2(),
+                                    l.theMoney.toString2(), l.wareDesc, l.supplierID, l.supplierName});
+    it->setData(0, Qt::UserRole, l.wareID);
+    for (int c : {1, 2, 3})
+        it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+    list->addTopLevelItem(it);
+}
+
+QList<WareInLine> StockLines(const QTreeWidget* list) {
+    QList<WareInLine> out;
+    for (int i = 0; i < list->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem* it = list->topLevelItem(i);
+        out << WareInLine{it->data(0, Qt::UserRole).toString(), it->text(0), {}, it->text(1).toDouble(),
+                          Money::fromText(it->text(2)), Money::fromText(it->text(3)), it->text(4), it->text(5),
+                          it->text(6)};
+    }
+    return out;
+}
+
+QString ReceiptService::saveLoss(const WareInHeader& h, const QList<WareInLine>& lines) {
+    return m_db.write([&] {
+        const QString id = FreshKey(QStringLiteral("WareLoss"), QStringLiteral("WareLossID"), m_db);
+        m_db.exec(QStringLiteral("insert into WareLoss (WareLossID, InTime, thejb, createname, theDesc, TheCode) "
+                                 "values (?, ?, ?, ?, ?, ?)"),
+                  {id, h.inTime.toString(QStringLiteral("yyyy-MM-dd")), h.theJB, App().CurrentOperatorName,
+                   h.theDesc, h.theCode});
+        for (const WareInLine& l : lines) {
+            m_db.exec(QStringLiteral("insert into WareLossList (WareLossListID, WareLossID, WareID, num, Price, "
+                                     "theMoney, wareDesc) values (?, ?, ?, ?, ?, ?, ?)"),
+                      {FreshKey(QStringLiteral("WareLossList"), QStringLiteral("WareLossListID"), m_db), id,
+                       l.wareID, l.num, l.price, l.theMoney, l.wareDesc});
+            // AdjustWareNum: an increment in the store, whatever sells meanwhile.
+            if (App().IsUseWareHouse == 1)
+                m_db.exec(QStringLiteral("Update Ware Set nownum=coalesce(nownum,0)+? where wareid=?"),
+                          {double(float(l.num)), l.wareID});
+        }
+        return id;
+    });
+}
+
+QString LossMoneyText(const QString& price, const QString& num) {
+    const double n = Val(num);
+    if (n == 0) return QStringLiteral("0");
+    return FormatNumber(Val(price) * n, QStringLiteral("0.00"));
+}
+
+Refused CheckLossLine(const QString& wareID, const QString& num) {
+    if (wareID.isEmpty()) return Refusal(QStringLiteral("请输入商品助记符！"), QStringLiteral("txtMnemonics"));
+    if (!ReadNumber(num, Range::Quantity)) return Refusal(QStringLiteral("请输入商品数量！"), QStringLiteral("txtNum"));
+    return std::nullopt;
+}
+
+WareInLine MakeLossLine(const WareInGoods& ware, const QString& num, const QString& desc) {
+    const double n = *ReadNumber(num, Range::Quantity);
+    return {ware.wareID, ware.wareName, ware.wareUnit, n, ware.price,
+            Money::fromText(LossMoneyText(ware.price.toString2(), num)), desc.left(50), {}, {}};
+}
+
 Rows ReceiptService::suppliers() const {
     return m_db.query(QStringLiteral("Select SupplierID, SupplierName from Supplier"));
 }
@@ -57,7 +117,7 @@ std::optional<WareInGoods> ReceiptService::findWare(const QString& mnemonic) con
                               {mnemonic});
     if (r.isEmpty()) return std::nullopt;
     return WareInGoods{r.first().text(QStringLiteral("WareID")), r.first().text(QStringLiteral("WareName")),
-                       r.first().text(QStringLiteral("WareUnit"))};
+                       r.first().text(QStringLiteral("WareUnit")), r.first().money(QStringLiteral("Price"))};
 }
 
 QString ReceiptService::save(const WareInHeader& h, const QList<WareInLine>& lines) {

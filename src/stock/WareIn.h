@@ -31,10 +31,17 @@ struct WareInHeader {
     QString theJB, theDesc, theCode, supplierID;
 };
 
-// An article found by its mnemonic, exactly.
+// An article found by its mnemonic, exactly, with its selling price.
 struct WareInGoods {
     QString wareID, wareName, wareUnit;
+    Money price;
 };
+
+class QTreeWidget;
+// The entry list of a receipt or an adjustment holds its lines: the article's name, then
+// quantity, unit price, amount, note and, for receipts, the supplier's key and name.
+void AddStockLine(QTreeWidget* list, const WareInLine& line);
+QList<WareInLine> StockLines(const QTreeWidget* list);
 
 // The checks before a line joins the list, in their order.
 Refused CheckReceiptLine(const QString& supplierID, const QString& wareID, const QString& num,
@@ -42,6 +49,12 @@ Refused CheckReceiptLine(const QString& supplierID, const QString& wareID, const
 // The line as the list holds it; a return (`out`) negates quantity and amount, never the price.
 WareInLine MakeReceiptLine(const WareInGoods& ware, const QString& num, const QString& theMoney,
                             const QString& desc, bool out, const QString& supplierID, const QString& supplierName);
+
+// An adjustment's amount: selling price times quantity, "0.00", or "0" for no quantity.
+QString LossMoneyText(const QString& price, const QString& num);
+Refused CheckLossLine(const QString& wareID, const QString& num);
+// The line with the quantity's sign as typed, valued at the selling price.
+WareInLine MakeLossLine(const WareInGoods& ware, const QString& num, const QString& desc);
 
 class ReceiptService {
   public:
@@ -53,6 +66,10 @@ class ReceiptService {
     // in one transaction. Each article's row is held while its cost is read and written, so
     // a sale committing meanwhile at another till is never lost. Returns the receipt's id.
     QString save(const WareInHeader& header, const QList<WareInLine>& lines); // throws DbError
+    // An adjustment (surplus or loss): the document, its lines and, with stock keeping on,
+    // each article's stock moved by the line's signed quantity in one relative update; the
+    // cost stays. One transaction.
+    QString saveLoss(const WareInHeader& header, const QList<WareInLine>& lines); // throws DbError
 
   private:
     Db& m_db;

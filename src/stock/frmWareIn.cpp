@@ -1,31 +1,32 @@
 #include "frmWareIn.h"
 #include "Clock.h"
 #include "EnterMovesOn.h"
-#include "Format.h"
 #include "MessageBox.h"
 #include "RefusalShow.h"
 #include "ScreenFit.h"
 #include "ui_frmWareIn.h"
-#include <QEvent>
-#include <QKeyEvent>
 
-frmWareIn::frmWareIn(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmWareIn>()) {
+frmWareIn::frmWareIn(QWidget* parent) : StockEntry(parent), ui(std::make_unique<Ui::frmWareIn>()) {
     ui->setupUi(this);
+    bindEntry();
     ScreenFit::install(this, QSize(860, 600));
     EnterMovesOn::install(this, {ui->txtMnemonics});
     ui->lvwThis->setColumnHidden(5, true); // the supplier's key, kept with the line
-    ui->txtMnemonics->installEventFilter(this);
     const auto showPrice = [this] { ui->txtPrice->setText(ReceiptPriceText(ui->txtNum->text(), ui->txtTheMoney->text())); };
     connect(ui->txtNum, &QLineEdit::textChanged, this, showPrice);
     connect(ui->txtTheMoney, &QLineEdit::textChanged, this, showPrice);
     connect(ui->cmdAdd, &QPushButton::clicked, this, [this] { addLine(false); });
     connect(ui->cmdWareOut, &QPushButton::clicked, this, [this] { addLine(true); });
-    connect(ui->cmdDel, &QPushButton::clicked, this, &frmWareIn::cmdDel_Click);
+    connect(ui->cmdDel, &QPushButton::clicked, this, &StockEntry::cmdDel_Click);
     connect(ui->OKButton, &QPushButton::clicked, this, &frmWareIn::SaveData);
     connect(ui->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 frmWareIn::~frmWareIn() = default;
+
+QList<QLineEdit*> frmWareIn::entryBoxes() const {
+    return {ui->txtNum, ui->txtTheMoney, ui->txtPrice, ui->txtWareDesc};
+}
 
 bool frmWareIn::Add() {
     prepare();
@@ -35,7 +36,6 @@ bool frmWareIn::Add() {
 
 void frmWareIn::prepare() {
     m_saved = false;
-    m_lines.clear();
     ui->lvwThis->clear();
     ui->dtpInTime->setDate(Now().date());
     ui->imgcmbSupplier->clear();
@@ -50,45 +50,6 @@ void frmWareIn::prepare() {
     clearEntry();
 }
 
-bool frmWareIn::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == ui->txtMnemonics) {
-        if (event->type() == QEvent::KeyPress) {
-            const int key = static_cast<QKeyEvent*>(event)->key();
-            if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-                findWare(true);
-                return true;
-            }
-        } else if (event->type() == QEvent::FocusOut && ui->txtMnemonics->text() != m_looked) {
-            findWare(false);
-        }
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
-void frmWareIn::findWare(bool moveOn) {
-    const QString text = ui->txtMnemonics->text();
-    m_looked = text;
-    if (text.trimmed().isEmpty()) {
-        if (moveOn) focusNextChild();
-        return;
-    }
-    try {
-        m_currentWare = ReceiptService().findWare(text);
-    } catch (const DbError& e) {
-        m_currentWare.reset();
-        Msg::critical(this, e.message(QStringLiteral("txtMnemonics_KeyPress"), QStringLiteral("frmWareIn")));
-    }
-    ui->txtWareName->setText(m_currentWare ? m_currentWare->wareName : QString());
-    ui->txtWareUnit->setText(m_currentWare ? m_currentWare->wareUnit : QString());
-    if (!m_currentWare) {
-        Msg::info(this, QStringLiteral("没找到您输入的商品或服务，请检查输入是否正确！"));
-        ui->txtMnemonics->setFocus();
-        ui->txtMnemonics->selectAll();
-        return;
-    }
-    if (moveOn) ui->txtNum->setFocus();
-}
-
 void frmWareIn::addLine(bool out) {
     const QString supplierID =
         ui->imgcmbSupplier->currentIndex() < 0 ? QString() : ui->imgcmbSupplier->currentData().toString().mid(1);
@@ -97,29 +58,8 @@ void frmWareIn::addLine(bool out) {
         return ShowRefusal(this, *r);
     const WareInLine l = MakeReceiptLine(*m_currentWare, ui->txtNum->text(), ui->txtTheMoney->text(),
                                           ui->txtWareDesc->text(), out, supplierID, ui->imgcmbSupplier->currentText());
-    m_lines << l;
-    auto* it = new QTreeWidgetItem({l.wareName, QString::number(l.num, 'g', 12), l.price.toString2(),
-                                    l.theMoney.toString2(), l.wareDesc, l.supplierID, l.supplierName});
-    for (int c : {1, 2, 3})
-        it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
-    ui->lvwThis->addTopLevelItem(it);
+    AddStockLine(ui->lvwThis, l);
     clearEntry();
-}
-
-void frmWareIn::clearEntry() {
-    m_currentWare.reset();
-    m_looked.clear();
-    for (QLineEdit* e : {ui->txtMnemonics, ui->txtNum, ui->txtTheMoney, ui->txtPrice, ui->txtWareDesc,
-                         ui->txtWareName, ui->txtWareUnit})
-        e->clear();
-    ui->txtMnemonics->setFocus();
-}
-
-void frmWareIn::cmdDel_Click() {
-    QTreeWidgetItem* it = ui->lvwThis->currentItem();
-    if (!it || !it->isSelected()) return;
-    m_lines.removeAt(ui->lvwThis->indexOfTopLevelItem(it));
-    delete it;
 }
 
 void frmWareIn::SaveData() {
@@ -131,7 +71,7 @@ void frmWareIn::SaveData() {
     h.supplierID =
         ui->imgcmbSupplier->currentIndex() < 0 ? QString() : ui->imgcmbSupplier->currentData().toString().mid(1);
     try {
-        ReceiptService().save(h, m_lines);
+        ReceiptService().save(h, StockLines(ui->lvwThis));
     } catch (const DbError& e) {
         // Nothing of the receipt was kept; the lines stay in the window.
         Msg::critical(this, e.message(QStringLiteral("SaveData"), QStringLiteral("frmWareIn")));

@@ -8,6 +8,7 @@
 #include "Together.h"
 #include "WareIn.h"
 #include "frmWareIn.h"
+#include "frmWareLoss.h"
 #include <QTest>
 #include <QTreeWidget>
 
@@ -25,7 +26,7 @@ QString stock() {
     return dump(u"select nownum, ProcurePrice from Ware where WareID='w1'"_s);
 }
 WareInLine line(double num, double money) {
-    return MakeReceiptLine({u"w1"_s, u"啤酒"_s, u"瓶"_s}, QString::number(std::abs(num)),
+    return MakeReceiptLine({u"w1"_s, u"啤酒"_s, u"瓶"_s, Money::yuan(10)}, QString::number(std::abs(num)),
                            QString::number(std::abs(money)), {}, num < 0, u"s1"_s, u"青岛啤酒"_s);
 }
 } // namespace
@@ -112,7 +113,31 @@ class TestReceipts : public QObject {
         QCOMPARE(stock().section(u'|', 0, 0).toDouble(), 100.0 + 3 * rounds - 2 * rounds);
     }
 
-    // By keyboard: a purchase line and a return line, then the receipt saved.
+    // Surplus and loss move the stock by the signed quantity and never the cost; the amount is
+    // the selling price times the quantity.
+    void adjustments_data() {
+        QTest::addColumn<int>("useWareHouse");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("stock kept") << 1 << u"7|20000"_s;
+        QTest::newRow("stock not kept") << 0 << u"10|20000"_s;
+    }
+    void adjustments() {
+        QFETCH(int, useWareHouse);
+        QFETCH(QString, after);
+        NEW_VENUE(v);
+        goods(10, 2);
+        App().IsUseWareHouse = useWareHouse;
+        const WareInGoods beer{u"w1"_s, u"啤酒"_s, u"瓶"_s, Money::yuan(10)};
+        QCOMPARE(CheckLossLine({}, u"1"_s)->message, u"请输入商品助记符！"_s);
+        QCOMPARE(CheckLossLine(u"w1"_s, u"一"_s)->message, u"请输入商品数量！"_s);
+        ReceiptService().saveLoss({QDate(2026, 11, 21), {}, {}, {}, {}},
+                                  {MakeLossLine(beer, u"-4"_s, {}), MakeLossLine(beer, u"1"_s, {}),
+                                   MakeLossLine(beer, u"0"_s, {})});
+        QCOMPARE(dump(u"select num, theMoney from WareLossList order by num"_s), u"-4|-400000\n0|0\n1|100000"_s);
+        QCOMPARE(stock(), after);
+    }
+
+    // By keyboard: a purchase line and a return line, then the receipt saved; then a loss.
     void receiptByKeyboard() {
         NEW_VENUE(v);
         goods(0, 0);
@@ -151,6 +176,20 @@ class TestReceipts : public QObject {
         press("OKButton");
         QVERIFY(w.saved());
         QCOMPARE(stock(), u"8|"_s + QString::number(Money::fromText(u"5.50"_s).raw()));
+
+        frmWareLoss loss;
+        loss.prepare();
+        loss.show();
+        QVERIFY(QTest::qWaitForWindowActive(&loss));
+        type(u"pj"_s);
+        QCOMPARE(child<QLineEdit>(&loss, "txtPrice")->text(), u"10.00"_s);
+        type(u"-3"_s);
+        QTest::keyClicks(QApplication::focusWidget(), u"99"_s); // the amount is not typed
+        QCOMPARE(child<QLineEdit>(&loss, "txtTheMoney")->text(), u"-30.00"_s);
+        press("cmdAdd");
+        press("OKButton");
+        QVERIFY(loss.saved());
+        QCOMPARE(stock(), u"5|"_s + QString::number(Money::fromText(u"5.50"_s).raw()));
     }
 };
 
