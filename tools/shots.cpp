@@ -13,6 +13,11 @@
 #include "frmSupplier.h"
 #include "frmSupplierList.h"
 #include "frmWarehouseNum.h"
+#include "StockRecords.h"
+#include "WareIn.h"
+#include "frmWareIn.h"
+#include "frmWareLoss.h"
+#include "AppState.h"
 #include "ReservationService.h"
 #include "frmEditReservation.h"
 #include "frmReservation.h"
@@ -292,6 +297,45 @@ int main(int argc, char** argv) {
     supplier.prepare(DB().scalar(QStringLiteral("select min(SupplierID) from Supplier")).toString());
     save(&supplier, QStringLiteral("frmSupplier"));
     DB().exec(QStringLiteral("update Ware set minnum=20 where WareID in (select WareID from Ware order by WareCode limit 3)"));
+    // A receipt with a return line, an adjustment, and their records.
+    App().IsUseWareHouse = 1;
+    const QStringList wares = [] {
+        QStringList out;
+        for (const Row r : DB().query(QStringLiteral("select WareID, WareName, WareUnit, Price from Ware order by WareCode limit 3")))
+            out << r.text(QStringLiteral("WareID")) + u'|' + r.text(QStringLiteral("WareName")) + u'|' +
+                       r.text(QStringLiteral("WareUnit")) + u'|' + QString::number(r.money(QStringLiteral("Price")).raw());
+        return out;
+    }();
+    const QString firstSupplier = DB().scalar(QStringLiteral("select min(SupplierID) from Supplier")).toString();
+    QList<WareInLine> received;
+    for (int i = 0; i < wares.size(); ++i) {
+        const QStringList w = wares[i].split(u'|');
+        const WareInGoods g{w[0], w[1], w[2], Money::fromRaw(w[3].toLongLong())};
+        received << MakeReceiptLine(g, QString::number(24 * (i + 1)), QString::number(120 * (i + 1)), QStringLiteral("整箱"),
+                                    false, firstSupplier, QStringLiteral("青岛啤酒华东供应站"));
+    }
+    received << MakeReceiptLine(WareInGoods{received[0].wareID, received[0].wareName, {}, {}}, QStringLiteral("2"),
+                                QStringLiteral("10"), QStringLiteral("破损退回"), true, firstSupplier,
+                                QStringLiteral("青岛啤酒华东供应站"));
+    ReceiptService().save({Now().date(), QStringLiteral("老王"), QStringLiteral("周进货"), QStringLiteral("JH-001"), firstSupplier}, received);
+    frmWareIn wareIn;
+    wareIn.prepare();
+    for (const WareInLine& l : received)
+        AddStockLine(wareIn.findChild<QTreeWidget*>(QStringLiteral("lvwThis")), l);
+    save(&wareIn, QStringLiteral("frmWareIn"));
+    frmWareLoss wareLoss;
+    wareLoss.prepare();
+    save(&wareLoss, QStringLiteral("frmWareLoss"));
+    frmWareInList wareInList;
+    wareInList.prepare(0);
+    save(&wareInList, QStringLiteral("frmWareInList"));
+    wareInList.findChild<QTabWidget*>(QStringLiteral("ctabThis"))->setCurrentIndex(1);
+    save(&wareInList, QStringLiteral("frmWareInList-lines"));
+    wareInList.findChild<QTabWidget*>(QStringLiteral("ctabThis"))->setCurrentIndex(2);
+    save(&wareInList, QStringLiteral("frmWareInList-sums"));
+    frmWareLossList wareLossList;
+    wareLossList.prepare(0);
+    save(&wareLossList, QStringLiteral("frmWareLossList"));
     frmWarehouseNum stock;
     stock.LoadData();
     save(&stock, QStringLiteral("frmWarehouseNum"));

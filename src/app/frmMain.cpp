@@ -26,6 +26,7 @@
 #include "frmWarehouseNum.h"
 #include "frmWareIn.h"
 #include "frmWareLoss.h"
+#include "StockRecords.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -145,6 +146,14 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         if (App().IsUseWareHouse != 1) return Msg::info(this, StockSwitchedOffText());
         frmWareIn dlg(this);
         dlg.Add();
+    });
+    wire(QStringLiteral("mnuWareInList"), [this] {
+        frmWareInList dlg(this);
+        dlg.ShowMe(0);
+    });
+    wire(QStringLiteral("mnuShowWareLossList"), [this] {
+        frmWareLossList dlg(this);
+        dlg.ShowMe(0);
     });
     wire(QStringLiteral("mnuWareLoss"), [this] {
         frmWareLoss dlg(this);

@@ -47,7 +47,31 @@ QString roundedDigits(double value, int decimals, bool& negative) {
 }
 } // namespace
 
+namespace {
+// Commas between the thousands of the first run of digits.
+QString grouped(const QString& s) {
+    qsizetype start = 0;
+    while (start < s.size() && !s[start].isDigit())
+        ++start;
+    qsizetype end = start;
+    while (end < s.size() && s[end].isDigit())
+        ++end;
+    QString out = s;
+    for (qsizetype at = end - 3; at > start; at -= 3)
+        out.insert(at, QLatin1Char(','));
+    return out;
+}
+} // namespace
+
 QString FormatNumber(double value, const QString& pattern) {
+    // "#,##0.00": the digit marks and the comma ask for thousands grouped.
+    if (pattern.contains(QLatin1String("#,#"))) {
+        QString plain = pattern;
+        plain.remove(QLatin1Char('#'));
+        plain.remove(QLatin1Char(','));
+        if (!plain.contains(QLatin1Char('0'))) plain += QLatin1Char('0');
+        return grouped(FormatNumber(value, plain));
+    }
     if (!std::isfinite(value)) value = 0.0;
     const qsizetype first = pattern.indexOf(QLatin1Char('0'));
     if (first < 0) return pattern;

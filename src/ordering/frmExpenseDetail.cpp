@@ -1,5 +1,6 @@
 #include "frmExpenseDetail.h"
 #include "ChangeFeed.h"
+#include <QApplication>
 #include <QSet>
 #include "AppState.h"
 #include "Clock.h"
@@ -36,7 +37,7 @@ void traps(QWidget* form, const DbError& e, const char* procedure) {
 frmExpenseDetail::frmExpenseDetail(QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmExpenseDetail>()) {
     ui->setupUi(this);
-    connect(&ChangeFeed::main(), &ChangeFeed::changed, this, &frmExpenseDetail::linesChangedElsewhere);
+    connect(&ChangeFeed::main(), &ChangeFeed::changedElsewhere, this, &frmExpenseDetail::linesChangedElsewhere);
     // Roomy where the screen allows, never beyond it.
     ScreenFit::install(this, QSize(980, 660));
     // On a small or scaled screen the entry boxes scroll; the add button stays in sight.
@@ -121,6 +122,25 @@ void frmExpenseDetail::linesChangedElsewhere(const QStringList& keys) {
     const QString id = m_entry.expenseID();
     if (id.isEmpty() || !isVisible()) return;
     if (!ChangeFeed::isAnyChange(keys) && !keys.contains(QStringLiteral("E") + id)) return;
+    // A dialog of this window (a note, an article) works on a line of the list: the list is
+    // read again once it closes.
+    if (QWidget* modal = QApplication::activeModalWidget(); modal && modal != this) {
+        m_linesStale = true;
+        return;
+    }
+    reloadLines();
+}
+
+bool frmExpenseDetail::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && m_linesStale) {
+        m_linesStale = false;
+        reloadLines();
+    }
+    return QDialog::event(event);
+}
+
+void frmExpenseDetail::reloadLines() {
+    const QString id = m_entry.expenseID();
     QSet<QString> mine;
     for (int i = 0; i < ui->lvwDetail->topLevelItemCount(); ++i)
         if (const QTreeWidgetItem* it = ui->lvwDetail->topLevelItem(i); !it->icon(0).isNull())

@@ -41,6 +41,7 @@ class frmExpenseDetail : public QDialog {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
     void done(int result) override;
 
   private:
@@ -48,6 +49,7 @@ class frmExpenseDetail : public QDialog {
     // Lines ordered or voided into this bill at another till show at once; the lines of
     // this opening keep their mark.
     void linesChangedElsewhere(const QStringList& keys);
+    void reloadLines();
     std::optional<WareChoice> selectedWare() const;
     void AddDetailToList(const OrderedLine& line);
     void ShowThisSum();
@@ -59,4 +61,5 @@ class frmExpenseDetail : public QDialog {
     QString m_summary;
     QHash<QString, QTreeWidgetItem*> m_listItems; // WareID -> its row of lvwWare
     bool m_freeByMouse = false;
+    bool m_linesStale = false; // changed elsewhere while a dialog of this window was open
 };

@@ -1,6 +1,7 @@
 #include "frmCloseHouse.h"
 #include "AppState.h"
 #include "ChangeFeed.h"
+#include <QApplication>
 #include "ChargeEngine.h"
 #include "CheckoutService.h"
 #include "Clock.h"
@@ -49,7 +50,7 @@ using MoneyBoxes::setText;
 
 frmCloseHouse::frmCloseHouse(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmCloseHouse>()) {
     ui->setupUi(this);
-    connect(&ChangeFeed::main(), &ChangeFeed::changed, this, &frmCloseHouse::billChangedElsewhere);
+    connect(&ChangeFeed::main(), &ChangeFeed::changedElsewhere, this, &frmCloseHouse::billChangedElsewhere);
     // On a small or scaled screen the member and closing details scroll; the amounts and
     // the buttons keep their room.
     for (auto [content, index] : {std::pair<QWidget*, int>{ui->fraMember, 0}, {nullptr, 2}}) {
@@ -174,8 +175,19 @@ void frmCloseHouse::prepare(const QString& expenseID, bool payAfter) {
     LoadBill();
 }
 
+bool frmCloseHouse::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && !m_staleKeys.isEmpty())
+        billChangedElsewhere(std::exchange(m_staleKeys, {}));
+    return QDialog::event(event);
+}
+
 void frmCloseHouse::billChangedElsewhere(const QStringList& keys) {
     if (m_saved || !isVisible()) return;
+    // A dialog of this window (a member to pick, a password) is answered first.
+    if (QWidget* modal = QApplication::activeModalWidget(); modal && modal != this) {
+        m_staleKeys += keys;
+        return;
+    }
     const bool any = ChangeFeed::isAnyChange(keys);
     // Bills deferred or settled elsewhere join or leave the list of deferred bills.
     if (m_isPayAfter &&

@@ -49,11 +49,13 @@ class frmCloseHouse : public QDialog {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     // Another till changed this bill: closed there, the window says so and closes; changed
     // there, it shows the bill as it is now.
     void billChangedElsewhere(const QStringList& keys);
+    QStringList m_staleKeys; // changed elsewhere while a dialog of this window was open
     // The deferred bills found by the search box, with their sum; the chosen one stays chosen.
     void fillDeferredList(); // throws DbError
     void showBill();

@@ -6,6 +6,14 @@
 #include "Val.h"
 #include <QTreeWidget>
 
+namespace {
+// A document's day: the date at midnight, the time of day dropped, so that a period from one
+// midnight to the next holds it.
+QString DayText(const QDate& day) {
+    return TimeText(QDateTime(day, QTime(0, 0)));
+}
+} // namespace
+
 WareCost UpdateWareCost(double oldNum, Money oldPrice, double num, Money theMoney) {
     const float count = float(oldNum);
     Money oldValue;
@@ -73,7 +81,7 @@ QString ReceiptService::saveLoss(const WareInHeader& h, const QList<WareInLine>&
         const QString id = FreshKey(QStringLiteral("WareLoss"), QStringLiteral("WareLossID"), m_db);
         m_db.exec(QStringLiteral("insert into WareLoss (WareLossID, InTime, thejb, createname, theDesc, TheCode) "
                                  "values (?, ?, ?, ?, ?, ?)"),
-                  {id, h.inTime.toString(QStringLiteral("yyyy-MM-dd")), h.theJB, App().CurrentOperatorName,
+                  {id, DayText(h.inTime), h.theJB, App().CurrentOperatorName,
                    h.theDesc, h.theCode});
         for (const WareInLine& l : lines) {
             m_db.exec(QStringLiteral("insert into WareLossList (WareLossListID, WareLossID, WareID, num, Price, "
@@ -125,7 +133,7 @@ QString ReceiptService::save(const WareInHeader& h, const QList<WareInLine>& lin
         const QString id = FreshKey(QStringLiteral("WareIn"), QStringLiteral("wareInID"), m_db);
         m_db.exec(QStringLiteral("insert into WareIn (wareInID, InTime, thejb, createname, theDesc, TheCode, "
                                  "SupplierID) values (?, ?, ?, ?, ?, ?, ?)"),
-                  {id, h.inTime.toString(QStringLiteral("yyyy-MM-dd")), h.theJB, App().CurrentOperatorName,
+                  {id, DayText(h.inTime), h.theJB, App().CurrentOperatorName,
                    h.theDesc, h.theCode, h.supplierID.isEmpty() ? Param(nullptr) : Param(h.supplierID)});
         for (const WareInLine& l : lines) {
             m_db.exec(QStringLiteral("insert into WareInList (WareInListID, wareInID, WareID, num, Price, theMoney, "

@@ -25,7 +25,7 @@ void ChangeFeed::start() {
         for (const QString& k : keys)
             if (!m_pending.contains(k)) m_pending << k;
         if (first)
-            QMetaObject::invokeMethod(this, [this] { deliver(std::exchange(m_pending, {})); },
+            QMetaObject::invokeMethod(this, [this] { deliver(std::exchange(m_pending, {}), false); },
                                       Qt::QueuedConnection);
     });
     m_dataVersion = -1;
@@ -50,9 +50,10 @@ bool ChangeFeed::subscribed() const {
            m_driver->subscribedToNotifications().contains(QString::fromLatin1(Db::ChangeChannel));
 }
 
-void ChangeFeed::deliver(const QStringList& keys) {
+void ChangeFeed::deliver(const QStringList& keys, bool elsewhere) {
     if (keys.isEmpty()) return;
     Q_EMIT changed(keys);
+    if (elsewhere) Q_EMIT changedElsewhere(keys);
     drain();
 }
 
@@ -78,7 +79,7 @@ void ChangeFeed::onNotice(const QString& name, QSqlDriver::NotificationSource so
     // This program's own notices were passed on at its commit.
     if (name != QLatin1String(Db::ChangeChannel) || source == QSqlDriver::SelfSource) return;
     const QString key = payload.toString();
-    deliver({key.isEmpty() ? QStringLiteral("*") : key});
+    deliver({key.isEmpty() ? QStringLiteral("*") : key}, true);
 }
 
 void ChangeFeed::poll() {
@@ -93,7 +94,7 @@ void ChangeFeed::poll() {
     try {
         // Moves only when another connection committed to the file.
         const qint64 version = m_db.scalar(QStringLiteral("PRAGMA data_version")).toLongLong();
-        if (m_dataVersion >= 0 && version != m_dataVersion) deliver({QStringLiteral("*")});
+        if (m_dataVersion >= 0 && version != m_dataVersion) deliver({QStringLiteral("*")}, true);
         m_dataVersion = version;
     } catch (const DbError&) {
         // The refresh timer reports database trouble; the check tries again next time.

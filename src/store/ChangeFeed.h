@@ -41,12 +41,15 @@ class ChangeFeed : public QObject {
   Q_SIGNALS:
     // "R" + TheID, "E" + ExpenseID, or "*" when the change is not known.
     void changed(const QStringList& keys);
+    // The same for changes made by other programs only (other tills): a window does not
+    // hear again what it wrote itself.
+    void changedElsewhere(const QStringList& keys);
 
   private:
     void poll();
     void subscribe();
     void onNotice(const QString& name, QSqlDriver::NotificationSource source, const QVariant& payload);
-    void deliver(const QStringList& keys);
+    void deliver(const QStringList& keys, bool elsewhere);
     void drain();
 
     Db& m_db;

@@ -91,28 +91,10 @@ Money moneyOf(const QVariant& v) {
     return Money::fromRaw(RoundEven(numeric(v)));
 }
 
-// Commas between the thousands of the first run of digits.
-QString grouped(const QString& s) {
-    qsizetype start = 0;
-    while (start < s.size() && !s[start].isDigit())
-        ++start;
-    qsizetype end = start;
-    while (end < s.size() && s[end].isDigit())
-        ++end;
-    QString out = s;
-    for (qsizetype at = end - 3; at > start; at -= 3)
-        out.insert(at, QLatin1Char(','));
-    return out;
-}
-
 QString moneyText(const QString& pattern, const QVariant& value) {
     QString p = pattern.isEmpty() ? QStringLiteral("0.00") : pattern;
-    const bool group = p.contains(QLatin1Char(','));
-    p.remove(QLatin1Char('#'));
-    p.remove(QLatin1Char(','));
     if (!p.contains(QLatin1Char('0'))) p += QLatin1Char('0');
-    const QString text = FormatNumber(moneyOf(value).toDouble(), p);
-    return group ? grouped(text) : text;
+    return FormatNumber(moneyOf(value).toDouble(), p);
 }
 } // namespace
 

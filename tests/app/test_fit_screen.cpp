@@ -17,6 +17,9 @@
 #include "frmSupplier.h"
 #include "frmSupplierList.h"
 #include "frmWarehouseNum.h"
+#include "StockRecords.h"
+#include "frmWareIn.h"
+#include "frmWareLoss.h"
 #include "frmExpenseAmalgamate.h"
 #include "frmExpenseDetail.h"
 #include "frmOutSale.h"
@@ -121,6 +124,12 @@ void TestFitScreen::windows_fit_data() {
                               << "OKButton";
     QTest::newRow("stock") << "frmWarehouseNum"
                            << "OKButton";
+    QTest::newRow("receipt") << "frmWareIn"
+                             << "OKButton cmdWareOut";
+    QTest::newRow("adjustment") << "frmWareLoss"
+                                << "OKButton";
+    QTest::newRow("receipts") << "frmWareInList"
+                              << "cmdClose cmdFind";
 }
 
 void TestFitScreen::windows_fit() {
@@ -146,6 +155,9 @@ void TestFitScreen::windows_fit() {
         {u"frmEmployee"_s, dialog<frmEmployee>([](auto* d, auto&) { d->startAdd(); return true; })},
         {u"frmSupplierList"_s, dialog<frmSupplierList>([](auto* d, auto&) { d->prepare(false); return true; })},
         {u"frmSupplier"_s, dialog<frmSupplier>([](auto* d, auto&) { return d->prepare({}); })},
+        {u"frmWareIn"_s, dialog<frmWareIn>([](auto* d, auto&) { d->prepare(); return true; })},
+        {u"frmWareLoss"_s, dialog<frmWareLoss>([](auto* d, auto&) { d->prepare(); return true; })},
+        {u"frmWareInList"_s, dialog<frmWareInList>([](auto* d, auto&) { d->prepare(0); return true; })},
         {u"frmWarehouseNum"_s, dialog<frmWarehouseNum>([](auto* d, auto&) { d->LoadData(); return true; })},
         {u"frmReservation"_s, dialog<frmReservation>([](auto* d, auto&) { d->LoadReservation(); return true; })},
         {u"frmEditReservation"_s, dialog<frmEditReservation>([](auto* d, auto&) { d->prepare(ReservationMode::Add, u"r2"_s, {}, true); return true; })},

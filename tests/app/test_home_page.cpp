@@ -63,8 +63,8 @@ class TestHomePage : public QObject {
             {"checkform", ""}, {"shouyininfo", ""}, {"showsyssetup", ""}, {"showwarehousenum", "message"}, {"supplier", "frmSupplierList"},
             {"find0", ""}, {"find1", ""}, {"find2", ""}, {"findbusincome0", ""}, {"findbusincome1", ""},
             {"findbusincome2", ""}, {"findpaihang", ""}, {"showbusreorder0", ""}, {"showbusreorder1", ""},
-            {"showbusreorder2", ""}, {"showchart", ""}, {"dataandchart", ""}, {"wareinlist", ""},
-            {"warelosslist", ""}, {"warein", "message"}, {"wareloss", "frmWareLoss"}, {"relogin", "frmLogin"},
+            {"showbusreorder2", ""}, {"showchart", ""}, {"dataandchart", ""}, {"wareinlist", "frmWareInList"},
+            {"warelosslist", "frmWareLossList"}, {"warein", "message"}, {"wareloss", "frmWareLoss"}, {"relogin", "frmLogin"},
             {"nosuchword", ""}, {"", ""}};
         for (const auto& [word, leads] : rows)
             QTest::newRow(word) << QString::fromLatin1(word) << QString::fromLatin1(leads); // clang-format on

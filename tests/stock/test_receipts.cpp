@@ -7,7 +7,9 @@
 #include "TestVenue.h"
 #include "Together.h"
 #include "WareIn.h"
+#include "StockRecords.h"
 #include "frmWareIn.h"
+#include <QTabWidget>
 #include "frmWareLoss.h"
 #include <QTest>
 #include <QTreeWidget>
@@ -86,7 +88,7 @@ class TestReceipts : public QObject {
         const QString id = ReceiptService().save({QDate(2026, 11, 21), u"老王"_s, {}, u"J-1"_s, u"s1"_s},
                                                  {line(10, 50), line(-1, 8)});
         QCOMPARE(dump(u"select InTime, TheCode, SupplierID from WareIn where wareInID=?"_s, {id}),
-                 u"2026-11-21|J-1|s1"_s);
+                 u"2026-11-21 00:00|J-1|s1"_s);
         QCOMPARE(dump(u"select num, theMoney from WareInList order by num"_s), u"-1|-80000\n10|500000"_s);
         QCOMPARE(stock(), after);
     }
@@ -135,6 +137,38 @@ class TestReceipts : public QObject {
                                    MakeLossLine(beer, u"0"_s, {})});
         QCOMPARE(dump(u"select num, theMoney from WareLossList order by num"_s), u"-4|-400000\n0|0\n1|100000"_s);
         QCOMPARE(stock(), after);
+    }
+
+    // The record windows' three views over a period (start in, end out), by supplier.
+    void records() {
+        NEW_VENUE(v);
+        goods(0, 0);
+        DB().exec(u"insert into Supplier (SupplierID, SupplierName) values ('s2', '百威')"_s);
+        ReceiptService s;
+        s.save({QDate(2026, 11, 20), {}, {}, u"A"_s, u"s1"_s}, {line(10, 50)});
+        s.save({QDate(2026, 11, 21), {}, {}, u"B"_s, u"s1"_s}, {line(4, 30), line(-1, 8)});
+        WareInLine other = line(2, 12);
+        other.supplierID = u"s2"_s;
+        s.save({QDate(2026, 11, 21), {}, {}, u"C"_s, u"s2"_s}, {other});
+        s.saveLoss({QDate(2026, 11, 21), {}, {}, u"L"_s, {}}, {MakeLossLine({u"w1"_s, u"啤酒"_s, {}, Money::yuan(10)}, u"-2"_s, {})});
+        const QDateTime day(QDate(2026, 11, 21), QTime(0, 0)), next = day.addDays(1);
+        const StockRecordsService receipts(ReceiptRecords()), losses(LossRecords());
+        QCOMPARE(receipts.documents(day, next, {}).count(), 2);
+        QCOMPARE(receipts.documents(day.addDays(-1), day, {}).count(), 1);
+        QCOMPARE(receipts.documents(day, next, u"s2"_s).first().text(u"TheCode"_s), u"C"_s);
+        QCOMPARE(receipts.lines(day, next, u"s1"_s).count(), 2);
+        const Rows sums = receipts.sums(day.addDays(-1), next, {});
+        QCOMPARE(sums.first().num(u"Num"_s), 15.0);
+        QCOMPARE(sums.first().money(u"TheMoney"_s), Money::yuan(84));
+        QCOMPARE(losses.lines(day, next, {}).first().money(u"TheMoney"_s), Money::yuan(-20));
+        QCOMPARE(receipts.linesOf(receipts.documents(day, next, u"s1"_s).first().text(u"wareInID"_s)).count(), 2);
+
+        frmWareInList w;
+        w.prepare(0);
+        QCOMPARE(child<QTreeWidget>(&w, "lvwThis")->topLevelItemCount(), 2);
+        child<QTabWidget>(&w, "ctabThis")->setCurrentIndex(2);
+        QCOMPARE(child<QLineEdit>(&w, "txtWareInSumMoney")->text(), u"34.00"_s);
+        QCOMPARE(child<QTreeWidget>(&w, "lvwWareInSum")->topLevelItem(0)->text(2), u"5.00"_s);
     }
 
     // By keyboard: a purchase line and a return line, then the receipt saved; then a loss.
