@@ -14,6 +14,8 @@
 #include "frmSupplierList.h"
 #include "frmWarehouseNum.h"
 #include "StockRecords.h"
+#include "frmCheckForm.h"
+#include "frmShouyinInfo.h"
 #include "WareIn.h"
 #include "frmWareIn.h"
 #include "frmWareLoss.h"
@@ -336,6 +338,12 @@ int main(int argc, char** argv) {
     frmWareLossList wareLossList;
     wareLossList.prepare(0);
     save(&wareLossList, QStringLiteral("frmWareLossList"));
+    frmCheckForm checkForm;
+    checkForm.LoadData();
+    save(&checkForm, QStringLiteral("frmCheckForm"));
+    frmShouyinInfo shouyin;
+    shouyin.cmdFind_Click();
+    save(&shouyin, QStringLiteral("frmShouyinInfo"));
     frmWarehouseNum stock;
     stock.LoadData();
     save(&stock, QStringLiteral("frmWarehouseNum"));

@@ -27,6 +27,8 @@
 #include "frmWareIn.h"
 #include "frmWareLoss.h"
 #include "StockRecords.h"
+#include "frmCheckForm.h"
+#include "frmShouyinInfo.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -146,6 +148,16 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         if (App().IsUseWareHouse != 1) return Msg::info(this, StockSwitchedOffText());
         frmWareIn dlg(this);
         dlg.Add();
+    });
+    // The cashier's reconciliation, from the menu and the toolbar alike.
+    wire(QStringLiteral("mnuCheckForm"), [this] {
+        frmCheckForm dlg(this);
+        dlg.Edit(App().CurrentOperatorID);
+    });
+    wire(QStringLiteral("tbrCHECKFORM"), [this] { runCommand(QStringLiteral("mnuCheckForm")); });
+    wire(QStringLiteral("mnuCheckInfo"), [this] {
+        frmShouyinInfo dlg(this);
+        dlg.ShowMe();
     });
     wire(QStringLiteral("mnuWareInList"), [this] {
         frmWareInList dlg(this);

@@ -18,6 +18,8 @@
 #include "frmSupplierList.h"
 #include "frmWarehouseNum.h"
 #include "StockRecords.h"
+#include "frmCheckForm.h"
+#include "frmShouyinInfo.h"
 #include "frmWareIn.h"
 #include "frmWareLoss.h"
 #include "frmExpenseAmalgamate.h"
@@ -130,6 +132,10 @@ void TestFitScreen::windows_fit_data() {
                                 << "OKButton";
     QTest::newRow("receipts") << "frmWareInList"
                               << "cmdClose cmdFind";
+    QTest::newRow("reconciliation") << "frmCheckForm"
+                                    << "OKButton";
+    QTest::newRow("hand-overs") << "frmShouyinInfo"
+                                << "cmdClose cmdFind";
 }
 
 void TestFitScreen::windows_fit() {
@@ -155,6 +161,8 @@ void TestFitScreen::windows_fit() {
         {u"frmEmployee"_s, dialog<frmEmployee>([](auto* d, auto&) { d->startAdd(); return true; })},
         {u"frmSupplierList"_s, dialog<frmSupplierList>([](auto* d, auto&) { d->prepare(false); return true; })},
         {u"frmSupplier"_s, dialog<frmSupplier>([](auto* d, auto&) { return d->prepare({}); })},
+        {u"frmCheckForm"_s, dialog<frmCheckForm>([](auto* d, auto&) { d->LoadData(); return true; })},
+        {u"frmShouyinInfo"_s, dialog<frmShouyinInfo>([](auto*, auto&) { return true; })},
         {u"frmWareIn"_s, dialog<frmWareIn>([](auto* d, auto&) { d->prepare(); return true; })},
         {u"frmWareLoss"_s, dialog<frmWareLoss>([](auto* d, auto&) { d->prepare(); return true; })},
         {u"frmWareInList"_s, dialog<frmWareInList>([](auto* d, auto&) { d->prepare(0); return true; })},
