@@ -47,25 +47,29 @@ Rows StockRecordsService::documents(const QDateTime& start, const QDateTime& end
                       p);
 }
 
+QString StockRecordsService::linesJoined() const {
+    return QStringLiteral("(%2 Left join %1 on %2.%3=%1.%3) left join ware on %2.wareID=ware.WareID")
+        .arg(m_kind.head, m_kind.lines, m_kind.key);
+}
+
 Rows StockRecordsService::lines(const QDateTime& start, const QDateTime& end, const QString& supplierID) const {
     Params p;
     const QString w = where(start, end, m_kind.lines + QStringLiteral(".SupplierID"), supplierID, p);
-    return m_db.query(QStringLiteral("Select %2.*,%1.Intime,%1.theCode,%1.thejb,Ware.WareName,ware.WareUnit from "
-                                     "(%2 Left join %1 on %2.%3=%1.%3) left join ware on %2.wareID=ware.WareID "
-                                     "where ")
-                              .arg(m_kind.head, m_kind.lines, m_kind.key) +
-                          w + QStringLiteral(" Order by %1.InTime").arg(m_kind.head),
+    return m_db.query(QStringLiteral("Select %2.*,%1.Intime,%1.theCode,%1.thejb,Ware.WareName,ware.WareUnit from ")
+                              .arg(m_kind.head, m_kind.lines) +
+                          linesJoined() + QStringLiteral(" where ") + w +
+                          QStringLiteral(" Order by %1.InTime").arg(m_kind.head),
                       p);
 }
 
 Rows StockRecordsService::sums(const QDateTime& start, const QDateTime& end, const QString& supplierID) const {
     Params p;
     const QString w = where(start, end, m_kind.lines + QStringLiteral(".SupplierID"), supplierID, p);
-    return m_db.query(QStringLiteral("Select Ware.WareName,ware.WareUnit,sum(%2.num) as Num,sum(%2.TheMoney) as "
-                                     "TheMoney from (%2 Left join %1 on %2.%3=%1.%3) left join ware on "
-                                     "%2.wareID=ware.WareID where ")
-                              .arg(m_kind.head, m_kind.lines, m_kind.key) +
-                          w + QStringLiteral(" Group by Ware.WareName,ware.WareUnit Order by Ware.WareName"),
+    return m_db.query(QStringLiteral("Select Ware.WareName,ware.WareUnit,sum(%1.num) as Num,sum(%1.TheMoney) as "
+                                     "TheMoney from ")
+                              .arg(m_kind.lines) +
+                          linesJoined() + QStringLiteral(" where ") + w +
+                          QStringLiteral(" Group by Ware.WareName,ware.WareUnit Order by Ware.WareName"),
                       p);
 }
 

@@ -31,6 +31,8 @@ class StockRecordsService {
     Rows suppliers() const;
 
   private:
+    // A document's lines with their document and article.
+    QString linesJoined() const;
     QString where(const QDateTime& start, const QDateTime& end, const QString& supplierColumn,
                   const QString& supplierID, Params& params) const;
     const StockRecordKind& m_kind;
