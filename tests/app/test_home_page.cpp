@@ -10,6 +10,8 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -125,6 +127,18 @@ class TestHomePage : public QObject {
         w.runCommand(u"mnuReturnTop"_s);
         QCOMPARE(child<QTabWidget>(&w, "ctbThis")->currentIndex(), 0);
         QCOMPARE(w.browser()->source().fileName(), u"mine.htm"_s);
+        // By mouse: a click on the link runs its command.
+        w.resize(1000, 700);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QTextBrowser* b = w.browser();
+        const QTextCursor link = b->document()->find(u"营业"_s);
+        QVERIFY(!link.isNull());
+        QTextCursor at(b->document());
+        at.setPosition(link.selectionStart() + 1);
+        QTest::mouseClick(b->viewport(), Qt::LeftButton, {}, b->cursorRect(at).center());
+        QCOMPARE(child<QTabWidget>(&w, "ctbThis")->currentIndex(), 1);
+        w.runCommand(u"mnuReturnTop"_s);
         w.ShowHomePage(true);
         QCOMPARE(w.browser()->source(), QUrl(u"qrc:/webface/index.htm"_s));
         w.ShowWebPage(u"member"_s);
