@@ -29,6 +29,7 @@
 #include "StockRecords.h"
 #include "frmCheckForm.h"
 #include "frmShouyinInfo.h"
+#include "frmFind.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -159,6 +160,14 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         frmShouyinInfo dlg(this);
         dlg.ShowMe();
     });
+    // The bill query on today, this week or this month.
+    const auto showFind = [this](int period) {
+        frmFind dlg(this);
+        dlg.ShowMe(period);
+    };
+    wire(QStringLiteral("mnuFind"), [showFind] { showFind(0); });
+    wire(QStringLiteral("webFind1"), [showFind] { showFind(1); });
+    wire(QStringLiteral("webFind2"), [showFind] { showFind(2); });
     wire(QStringLiteral("mnuWareInList"), [this] {
         frmWareInList dlg(this);
         dlg.ShowMe(0);

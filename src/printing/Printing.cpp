@@ -110,10 +110,16 @@ bool ReprintLastBill(const QString& theID, PrintOutcome& outcome, Db& db) {
                                {theID});
     if (last.isEmpty()) return false;
     const QString expenseID = last.first().text(QStringLiteral("ExpenseID"));
+    outcome = ReprintBill(expenseID, db);
+    return !outcome.jobs.isEmpty();
+}
+
+PrintOutcome ReprintBill(const QString& expenseID, Db& db) {
     const std::optional<Receipt> r = BillSlip(expenseID, true, db);
-    if (!r) return false;
-    outcome = queueAndSend(PrintRole::Bill, *r, 1, expenseID, theID, db);
-    return true;
+    if (!r) return {};
+    const QString theID =
+        db.scalar(QStringLiteral("select TheID from Expense where ExpenseID=?"), {expenseID}).toString();
+    return queueAndSend(PrintRole::Bill, *r, 1, expenseID, theID, db);
 }
 
 PrintOutcome ReprintLastTickets(const QString& expenseID, Db& db) {

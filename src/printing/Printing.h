@@ -48,6 +48,9 @@ PrintOutcome PrintFindPrint(const FindPrintData& data, Db& db = DB());
 // room's last settled bill printed anew. False when the room has no bill to print.
 bool ReprintLastBill(const QString& theID, PrintOutcome& outcome, Db& db = DB());
 
+// A settled bill printed anew, once, on the bill printer (the bill query's reprint).
+PrintOutcome ReprintBill(const QString& expenseID, Db& db = DB());
+
 // The tickets of the bill's last round of ordering again, each to its printer; nothing when
 // the bill has none in the queue.
 PrintOutcome ReprintLastTickets(const QString& expenseID, Db& db = DB());

@@ -18,6 +18,7 @@ const QList<Step>& steps() {
         {3, {QStringLiteral(":/sql/003_print_queue.sql")}},
         {4, {QStringLiteral(":/sql/004_card_payments.sql")}},
         {5, {QStringLiteral(":/sql/005_corrections.sql")}},
+        {6, {QStringLiteral(":/sql/006_report_indexes.sql")}},
     };
     return s;
 }

@@ -167,13 +167,17 @@ QString ExportText(QTreeWidget* list) {
 }
 
 QMenu* ExportMenu(QWidget* parent, QTreeWidget* list) {
+    return ExportMenu(parent, [list] { return list; });
+}
+
+QMenu* ExportMenu(QWidget* parent, std::function<QTreeWidget*()> list) {
     auto* menu = new QMenu(parent);
     menu->setObjectName(QStringLiteral("mnuExport"));
     QAction* excel = menu->addAction(QStringLiteral("导出到Excel"));
     excel->setObjectName(QStringLiteral("mnuExportExcel"));
     QAction* text = menu->addAction(QStringLiteral("导出到文本文件"));
     text->setObjectName(QStringLiteral("mnuExportTxt"));
-    QObject::connect(excel, &QAction::triggered, list, [list] { ExportExcel(list); });
-    QObject::connect(text, &QAction::triggered, list, [list] { ExportText(list); });
+    QObject::connect(excel, &QAction::triggered, menu, [list] { ExportExcel(list()); });
+    QObject::connect(text, &QAction::triggered, menu, [list] { ExportText(list()); });
     return menu;
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include <QString>
+#include <functional>
 
 class QMenu;
 class QTreeWidget;
@@ -30,3 +31,5 @@ QString ExportText(QTreeWidget* list);
 // The export menu of a list, mnuExport with mnuExportExcel and mnuExportTxt, owned by
 // `parent`. An export button pops it up.
 QMenu* ExportMenu(QWidget* parent, QTreeWidget* list);
+// The same for a window of several lists: `list` names the one in front when chosen.
+QMenu* ExportMenu(QWidget* parent, std::function<QTreeWidget*()> list);

@@ -63,7 +63,7 @@ class TestHomePage : public QObject {
             {"changepw", "frmChangePw"}, {"showlog", "frmLog"}, {"setuplog", "frmLogSetup"},
             {"findchongzhi0", "frmChongzhiList"}, {"chongzhi", "frmChongzhiList"}, {"appexit", "message"},
             {"checkform", "frmCheckForm"}, {"shouyininfo", "frmShouyinInfo"}, {"showsyssetup", ""}, {"showwarehousenum", "message"}, {"supplier", "frmSupplierList"},
-            {"find0", ""}, {"find1", ""}, {"find2", ""}, {"findbusincome0", ""}, {"findbusincome1", ""},
+            {"find0", "frmFind/tabExpense"}, {"find1", "frmFind/tabExpense"}, {"find2", "frmFind/tabExpense"}, {"findbusincome0", ""}, {"findbusincome1", ""},
             {"findbusincome2", ""}, {"findpaihang", ""}, {"showbusreorder0", ""}, {"showbusreorder1", ""},
             {"showbusreorder2", ""}, {"showchart", ""}, {"dataandchart", ""}, {"wareinlist", "frmWareInList"},
             {"warelosslist", "frmWareLossList"}, {"warein", "message"}, {"wareloss", "frmWareLoss"}, {"relogin", "frmLogin"},

@@ -4,6 +4,7 @@
 #include "Reconcile.h"
 #include "Seed.h"
 #include "TestVenue.h"
+#include "Together.h"
 #include "frmCheckForm.h"
 #include "frmShouyinInfo.h"
 #include <QTest>
@@ -71,6 +72,40 @@ class TestReconcile : public QObject {
         frmShouyinInfo info;
         info.cmdFind_Click();
         QCOMPARE(child<QLabel>(&info, "lblSumMoney")->text(), u"￥446.50"_s);
+    }
+
+    // A cashier reconciles again and again while his bills close at another till: every
+    // hand-over holds exactly the money of the bills it stamped, and nothing is lost.
+    void racesCheckout() {
+        NEW_VENUE(v);
+        addRoomType(u"a"_s, u"中包"_s);
+        addRoom(u"r1"_s, u"B01"_s, u"a"_s);
+        const int bills = 60;
+        together(v.config(), 2, [&](Db& db, int n) {
+            if (n == 1) {
+                for (int i = 0; i < bills; ++i)
+                    db.exec(u"insert into Expense (ExpenseID, TheID, OpenTime, CloseTime, State, CloseOperator, "
+                            "factpay) values (?, 'r1', '2026-11-21 18:00', '2026-11-21 19:00', 0, '小王', ?)"_s,
+                            {u"b%1"_s.arg(i, 3, 10, QLatin1Char('0')), Money::yuan(i + 1)});
+                return;
+            }
+            ReconcileService s(db);
+            for (int round = 0; round < 40; ++round) {
+                const Rows listed = s.bills(u"小王"_s);
+                QStringList ids;
+                for (const Row r : listed)
+                    ids << r.text(u"ExpenseID"_s);
+                s.reconcile(u"小王"_s, ids, {}, ReconcileService::totals(listed, {}).factPay);
+            }
+        });
+        ReconcileService s;
+        const Rows rest = s.bills(u"小王"_s);
+        QStringList ids;
+        for (const Row r : rest)
+            ids << r.text(u"ExpenseID"_s);
+        QVERIFY(!s.reconcile(u"小王"_s, ids, {}, ReconcileService::totals(rest, {}).factPay));
+        QCOMPARE(count(u"select count(*) from Expense where CheckForm='Y'"_s), bills);
+        QCOMPARE(text(u"select sum(theMoney) from Shouyininfo"_s), QString::number(Money::yuan(bills * (bills + 1) / 2).raw()));
     }
 };
 
