@@ -27,9 +27,10 @@ GeneratedVenue GenerateVenue(Db& db, const VenueSize& size) {
     GeneratedVenue out;
     QRandomGenerator rng(size.seed);
     Keys keys(QStringLiteral("G"));
+    // Room types share a few tariffs.
+    const QString tariff = QStringLiteral("00000000000000001");
+    QList<Money> prices, costs;
     db.write([&] {
-        // Room types share a few tariffs.
-        const QString tariff = QStringLiteral("00000000000000001");
         QStringList types;
         for (int i = 0; i < size.roomTypes; ++i) {
             types << keys.next();
@@ -49,7 +50,6 @@ GeneratedVenue GenerateVenue(Db& db, const VenueSize& size) {
                     {QStringLiteral("%1").arg(i + 1, 2, 10, QLatin1Char('0')),
                      QString::fromUtf8(kTypeNames[i % 20]) + QString::number(i / 20 + 1), 1, 0, i % 3 == 0 ? 1 : 0,
                      i % 3 == 1 ? 1 : 0});
-        QList<Money> prices, costs;
         for (int i = 0; i < size.wares; ++i) {
             out.wareIds << keys.next();
             const Money price = Money::yuan(5 + rng.bounded(300));
@@ -78,9 +78,11 @@ GeneratedVenue GenerateVenue(Db& db, const VenueSize& size) {
                      TimeText(size.end.addDays(-rng.bounded(size.days + 1))), cls, double(rng.bounded(1000)),
                      Money::yuan(rng.bounded(2000)), Money::yuan(rng.bounded(20000))});
         }
-        // A year of settled bills, top-ups and stock receipts.
-        const QDateTime start = size.end.addDays(-size.days);
-        for (int d = 0; d < size.days; ++d) {
+    });
+    // A year of settled bills, top-ups and stock receipts, a day at a time.
+    const QDateTime start = size.end.addDays(-size.days);
+    for (int d = 0; d < size.days; ++d) {
+        db.write([&] {
             const QDateTime day = start.addDays(d);
             for (int b = 0; b < size.billsPerDay; ++b) {
                 const QString bill = keys.next();
@@ -94,25 +96,32 @@ GeneratedVenue GenerateVenue(Db& db, const VenueSize& size) {
                     const Money profit = (prices[w] - costs[w]).times(num);
                     goods += money;
                     income += profit;
+                    const QString staff = size.employees > 0 && l % 2 == 0
+                                              ? QStringLiteral("员工%1").arg(rng.bounded(size.employees) + 1)
+                                              : QString();
                     db.exec(QStringLiteral("INSERT INTO ExpenseDetail (DetailID, ExpenseID, WareID, num, Price, thePrice, "
                                            "ExpenseMoney, oughtMoney, Income, TiChengMoney, isFree, isdel, operatorname, "
-                                           "ExpenseTime, ThisCode) VALUES (?,?,?,?,?,?,?,?,?,0,0,0,?,?,?)"),
+                                           "ExpenseTime, ThisCode, Other1) VALUES (?,?,?,?,?,?,?,?,?,?,0,?,?,?,?,?)"),
                             {keys.next(), bill, out.wareIds[w], num, prices[w], prices[w], money, money, profit,
-                             QStringLiteral("收银员"), TimeText(open.addSecs(600)), bill});
+                             staff.isEmpty() ? Money() : Money::yuan(1).times(num), size.mixedSettlements && l == 7 ? 1 : 0,
+                             QStringLiteral("收银员"), TimeText(open.addSecs(600 + 60 * l)), bill, staff});
                     ++out.lines;
                 }
                 const Money room = Money::yuan(60 + rng.bounded(400));
                 const Money total = goods + room;
                 const bool member = rng.bounded(5) == 0;
+                const int voucher = !size.mixedSettlements ? 0 : b % 20 == 19 ? 1 : b % 15 == 14 ? 2 : 0;
+                const Money paid = voucher == 1 ? Money() : total;
                 db.exec(QStringLiteral("INSERT INTO Expense (ExpenseID, TheID, PayLevelID, payLevelType, IsUseMinMoney, "
                                        "oldMoney, OpenTime, CloseTime, State, VoucherState, openOperator, CloseOperator, "
                                        "CustomerNum, CustomerCode, theMoney, ExpenseMoney, oughtMoney, NoMoney, freepay, "
-                                       "factpay, CashPay, chongzhipay, Income) VALUES (?,?,?,1,0,0,?,?,0,0,?,?,?,?,?,?,?,0,"
-                                       "0,?,?,0,?)"),
+                                       "factpay, CashPay, chongzhipay, Income, CheckForm) VALUES (?,?,?,1,0,0,?,?,0,?,?,?,?,"
+                                       "?,?,?,?,0,0,?,?,0,?,?)"),
                         {bill, out.roomIds[int(rng.bounded(out.roomIds.size()))], tariff, TimeText(open), TimeText(close),
-                         QStringLiteral("收银员"), QStringLiteral("收银员"), int(2 + rng.bounded(10)),
+                         voucher, QStringLiteral("收银员"), QStringLiteral("收银员"), int(2 + rng.bounded(10)),
                          member ? out.memberCodes[int(rng.bounded(out.memberCodes.size()))] : QString(), room, total,
-                         total, total, total, income + room});
+                         total, paid, paid, voucher == 1 ? income + room - total : income + room,
+                         size.reconcileDaily ? QStringLiteral("Y") : QString()});
                 ++out.settledBills;
             }
             for (int t = 0; t < 3; ++t)
@@ -120,6 +129,31 @@ GeneratedVenue GenerateVenue(Db& db, const VenueSize& size) {
                                        "OperatorTime) VALUES (?,?,?,?,?,?)"),
                         {keys.next(), out.memberCodes[int(rng.bounded(out.memberCodes.size()))], QStringLiteral("收银员"),
                          Money::yuan(500), Money::yuan(450), TimeText(day.addSecs(3600 * 15))});
+            Money takings;
+            for (int t = 0; t < size.salesPerDay; ++t) {
+                const QString sale = keys.next();
+                const QDateTime at = day.addSecs(60 * (12 * 60 + rng.bounded(11 * 60)));
+                Money sum, income;
+                for (int l = 0; l < 3; ++l) {
+                    const int w = int(rng.bounded(out.wareIds.size()));
+                    sum += prices[w];
+                    income += prices[w] - costs[w];
+                    db.exec(QStringLiteral("INSERT INTO OutsaleDetail (DetailID, ExpenseID, WareID, num, Price, thePrice, "
+                                           "ExpenseMoney, oughtMoney, Income, isFree, isdel) VALUES (?,?,?,1,?,?,?,?,?,0,0)"),
+                            {keys.next(), sale, out.wareIds[w], prices[w], prices[w], prices[w], prices[w],
+                             prices[w] - costs[w]});
+                }
+                db.exec(QStringLiteral("INSERT INTO Outsale (ExpenseID, OpenTime, CloseTime, State, VoucherState, "
+                                       "openOperator, CloseOperator, ExpenseMoney, oughtMoney, factpay, CashPay, Income, "
+                                       "CheckForm) VALUES (?,?,?,0,0,?,?,?,?,?,?,?,?)"),
+                        {sale, TimeText(at), TimeText(at), QStringLiteral("收银员"), QStringLiteral("收银员"), sum, sum,
+                         sum, sum, income, size.reconcileDaily ? QStringLiteral("Y") : QString()});
+                takings += sum;
+                ++out.sales;
+            }
+            if (size.reconcileDaily)
+                db.exec(QStringLiteral("INSERT INTO Shouyininfo (theid, theDate, ShouyinName, theMoney) VALUES (?,?,?,?)"),
+                        {keys.next(), TimeText(day.addSecs(23 * 3600 + 50 * 60)), QStringLiteral("收银员"), takings});
             if (d % 7 == 0) {
                 const QString in = keys.next();
                 db.exec(QStringLiteral("INSERT INTO WareIn (wareInID, InTime, thejb, createname, TheCode) VALUES (?,?,?,?,?)"),
@@ -132,7 +166,9 @@ GeneratedVenue GenerateVenue(Db& db, const VenueSize& size) {
                             {keys.next(), in, out.wareIds[w], 24.0, costs[w], costs[w].times(24)});
                 }
             }
-        }
+        });
+    }
+    db.write([&] {
         // Rooms in use now.
         for (int i = 0; i < size.openBills && i < out.roomIds.size(); ++i) {
             const QString bill = keys.next();

@@ -46,8 +46,7 @@ const QList<MenuCommand>& MenuCommands() {
             w(m(op, "mnuCheckInfo", "收银对帐记录", "", "C043"), {"shouyininfo"}),
             w(m(q, "mnuFind", "营业查询", "", "F001"), {"find0"}),
             w(m(q, "mnuBusFindIncome", "营业利润统计", "", "F002"), {"findbusincome0"}),
-            w(m(q, "mnuBusReorder", "销售排行", "", "F003"),
-              {"findpaihang", "showbusreorder0", "showbusreorder1", "showbusreorder2"}),
+            w(m(q, "mnuBusReorder", "销售排行", "", "F003"), {"findpaihang", "showbusreorder0"}),
             w(m(q, "mnuFindChart", "统计图表", "", "F020"), {"showchart", "dataandchart"}),
             sep(q),
             w(m(q, "mnuFindChongzhi", "储卡充值记录", "", "C020"), {"findchongzhi0"}),
@@ -101,6 +100,8 @@ const QList<MenuCommand>& MenuCommands() {
             w(m(page, "webFind2", "营业查询", "", "F001"), {"find2"}),
             w(m(page, "webFindIncome1", "营业利润统计", "", "F002"), {"findbusincome1"}),
             w(m(page, "webFindIncome2", "营业利润统计", "", "F002"), {"findbusincome2"}),
+            w(m(page, "webBusReorder1", "销售排行", "", "F003"), {"showbusreorder1"}),
+            w(m(page, "webBusReorder2", "销售排行", "", "F003"), {"showbusreorder2"}),
             w(m(page, "webChongzhi", "储卡充值记录"), {"chongzhi"}),
         };
     }();

@@ -30,6 +30,9 @@
 #include "frmCheckForm.h"
 #include "frmShouyinInfo.h"
 #include "frmFind.h"
+#include "frmBusReorder.h"
+#include "frmChart.h"
+#include "frmFindIncome.h"
 #include "ui_frmMain.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -168,6 +171,24 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     wire(QStringLiteral("mnuFind"), [showFind] { showFind(0); });
     wire(QStringLiteral("webFind1"), [showFind] { showFind(1); });
     wire(QStringLiteral("webFind2"), [showFind] { showFind(2); });
+    const auto showIncome = [this](int period) {
+        frmFindIncome dlg(this);
+        dlg.ShowMe(period);
+    };
+    wire(QStringLiteral("mnuBusFindIncome"), [showIncome] { showIncome(0); });
+    wire(QStringLiteral("webFindIncome1"), [showIncome] { showIncome(1); });
+    wire(QStringLiteral("webFindIncome2"), [showIncome] { showIncome(2); });
+    const auto showReorder = [this](int period) {
+        frmBusReorder dlg(this);
+        dlg.ShowMe(period);
+    };
+    wire(QStringLiteral("mnuBusReorder"), [showReorder] { showReorder(0); });
+    wire(QStringLiteral("webBusReorder1"), [showReorder] { showReorder(1); });
+    wire(QStringLiteral("webBusReorder2"), [showReorder] { showReorder(2); });
+    wire(QStringLiteral("mnuFindChart"), [this] {
+        frmChart dlg(this);
+        dlg.ShowMe();
+    });
     wire(QStringLiteral("mnuWareInList"), [this] {
         frmWareInList dlg(this);
         dlg.ShowMe(0);

@@ -54,24 +54,37 @@ Rows FindService::saleLines(const QString& outsaleID) const {
                       {outsaleID});
 }
 
+Money SumMoney(const Rows& rows, const QString& column) {
+    if (rows.isEmpty()) return {};
+    const int c = rows.column(column);
+    Money sum;
+    for (int r = 0; r < rows.count(); ++r)
+        sum += rows.money(r, c);
+    return sum;
+}
+
+qint64 SumInteger(const Rows& rows, const QString& column) {
+    if (rows.isEmpty()) return 0;
+    const int c = rows.column(column);
+    qint64 sum = 0;
+    for (int r = 0; r < rows.count(); ++r)
+        sum += rows.integer(r, c);
+    return sum;
+}
+
 FindTotals FindService::totals(const Rows& bills, const Rows& sales) {
     FindTotals t;
     t.bills = bills.count();
     t.sales = sales.count();
-    const int num = bills.column(QStringLiteral("CustomerNum"));
-    for (const Row r : bills) {
-        if (num >= 0) t.customers += r.integer(QStringLiteral("CustomerNum"));
-        t.startMoney += r.money(QStringLiteral("StartMoney"));
-        t.oughtMoney += r.money(QStringLiteral("oughtMoney"));
-        t.factPay += r.money(QStringLiteral("factpay"));
-        t.cashPay += r.money(QStringLiteral("CashPay"));
-        t.chongzhiPay += r.money(QStringLiteral("chongzhipay"));
-        t.freePay += r.money(QStringLiteral("freepay"));
-    }
-    for (const Row r : sales) {
-        t.saleOught += r.money(QStringLiteral("oughtMoney"));
-        t.saleFact += r.money(QStringLiteral("factpay"));
-    }
+    t.customers = SumInteger(bills, QStringLiteral("CustomerNum"));
+    t.startMoney = SumMoney(bills, QStringLiteral("StartMoney"));
+    t.oughtMoney = SumMoney(bills, QStringLiteral("oughtMoney"));
+    t.factPay = SumMoney(bills, QStringLiteral("factpay"));
+    t.cashPay = SumMoney(bills, QStringLiteral("CashPay"));
+    t.chongzhiPay = SumMoney(bills, QStringLiteral("chongzhipay"));
+    t.freePay = SumMoney(bills, QStringLiteral("freepay"));
+    t.saleOught = SumMoney(sales, QStringLiteral("oughtMoney"));
+    t.saleFact = SumMoney(sales, QStringLiteral("factpay"));
     return t;
 }
 

@@ -18,6 +18,10 @@ QString VoucherFilter(const VoucherChoice& c);
 // ends are appended to `params`.
 QString PeriodCondition(const QString& column, const QDateTime& start, const QDateTime& end, Params& params);
 
+// The sum of a column over a whole result; nothing for no rows.
+Money SumMoney(const Rows& rows, const QString& column);
+qint64 SumInteger(const Rows& rows, const QString& column);
+
 // The bill query's sums, each over its list.
 struct FindTotals {
     qint64 customers = 0;

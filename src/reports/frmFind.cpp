@@ -9,8 +9,9 @@
 #include "PrintUi.h"
 #include "Printing.h"
 #include "ReportQuery.h"
+#include "ListSort.h"
+#include "RowsList.h"
 #include "ScreenFit.h"
-#include "StoredValueService.h"
 #include "ui_frmFind.h"
 #include <QMenu>
 
@@ -26,45 +27,41 @@ frmFind::frmFind(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frm
     ui->setupUi(this);
     ScreenFit::install(this, QSize(1200, 700));
     m_query = new ReportQuery(ui->cmdFind, ui->prgFind, this);
-    for (const char* text : {"现结帐单", "免费帐单 ", "挂帐帐单"})
-        ui->lstState->addItem(QString::fromUtf8(text));
-    ui->lstState->selectAll();
-    ui->lstState->setFixedHeight(ui->lstState->sizeHintForRow(0) + 2 * ui->lstState->frameWidth() + 4);
-    const QRadioButton* days[] = {ui->optDay0, ui->optDay1, ui->optDay2};
-    for (int i = 0; i < 3; ++i)
-        connect(days[i], &QRadioButton::clicked, this, [this, i] { optDay_Click(i); });
+    FillStateList(ui->lstState, true);
+    m_period = {{ui->optDay0, ui->optDay1, ui->optDay2}, ui->dtpStart, ui->dtpEnd};
+    m_period.install(this);
     connect(ui->cmdFind, &QPushButton::clicked, this, &frmFind::cmdFind_Click);
     connect(ui->cmdPrint, &QPushButton::clicked, this, &frmFind::cmdPrint_Click);
     connect(ui->cmdFindPrintOK, &QPushButton::clicked, this, &frmFind::cmdFindPrintOK_Click);
     connect(ui->cmdReprint, &QPushButton::clicked, this, &frmFind::cmdReprint_Click);
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
-    connect(ui->lvwExpense, &QTreeWidget::currentItemChanged, this, &frmFind::LoadDetail);
+    // The two long lists show a whole year without filling a widget per row.
+    for (QTreeView* list : {ui->lvwExpense, ui->lvwOutSale}) {
+        list->setModel(new RowsModel(list));
+        SortListOnHeaderClick(list);
+    }
+    connect(ui->lvwExpense->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmFind::LoadDetail);
     connect(ui->chkShowAll, &QCheckBox::toggled, this, &frmFind::LoadDetail);
-    connect(ui->lvwOutSale, &QTreeWidget::currentItemChanged, this, &frmFind::LoadDataOutsaleDetail);
+    connect(ui->lvwOutSale->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &frmFind::LoadDataOutsaleDetail);
     // The export menu exports the list of the tab in front.
-    QMenu* mnuExport = ExportMenu(this, [this] {
+    QMenu* mnuExport = ExportMenu(this, [this]() -> QTreeView* {
         return ui->ctbThis->currentWidget() == ui->tabOutSale ? ui->lvwOutSale : ui->lvwExpense;
     });
     connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, mnuExport] {
         mnuExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
     });
-    optDay_Click(0);
 }
 
 frmFind::~frmFind() = default;
 
 void frmFind::ShowMe(int period) {
-    const int index = period >= 0 && period <= 2 ? period : 0;
-    QRadioButton* days[] = {ui->optDay0, ui->optDay1, ui->optDay2};
-    days[index]->setChecked(true);
-    optDay_Click(index);
+    m_period.choose(period);
     exec();
 }
 
 void frmFind::optDay_Click(int index) {
-    const ChongzhiPeriod p = StoredValueService::period(index, Now().date());
-    ui->dtpStart->setDateTime(p.start);
-    ui->dtpEnd->setDateTime(p.end);
+    m_period.choose(index);
 }
 
 void frmFind::clearTotals() {
@@ -76,12 +73,18 @@ void frmFind::clearTotals() {
 void frmFind::cmdFind_Click() {
     if (m_query->busy()) return;
     clearTotals();
-    for (QTreeWidget* l : {ui->lvwExpense, ui->lvwDetail, ui->lvwOutSale, ui->lvwOutSaleDetail})
-        l->clear();
+    ui->lvwDetail->clear();
+    ui->lvwOutSaleDetail->clear();
     m_bills = Rows();
+    try {
+        ShowRows(ui->lvwExpense, QStringLiteral("frmFind.lvwExpense"), Rows(), true);
+        ShowRows(ui->lvwOutSale, QStringLiteral("frmFind.lvwOutSale"), Rows(), true);
+    } catch (const DbError& e) {
+        Msg::critical(this, e.message(QStringLiteral("LoadExpense"), Form));
+        return;
+    }
     const QDateTime start = ui->dtpStart->dateTime(), end = ui->dtpEnd->dateTime();
-    VoucherChoice choice{ui->lstState->item(0)->isSelected(), ui->lstState->item(1)->isSelected(),
-                         ui->lstState->item(2)->isSelected()};
+    const VoucherChoice choice = ChoiceOf(ui->lstState);
     auto bills = std::make_shared<Rows>();
     auto sales = std::make_shared<Rows>();
     auto stage = std::make_shared<QString>(QStringLiteral("LoadExpense"));
@@ -98,14 +101,14 @@ void frmFind::cmdFind_Click() {
 
 void frmFind::showResults(const Rows& bills, const Rows& sales) {
     try {
-        ShowList(ui->lvwExpense, QStringLiteral("frmFind.lvwExpense"), bills, true);
+        ShowRows(ui->lvwExpense, QStringLiteral("frmFind.lvwExpense"), bills, true);
         m_bills = bills;
     } catch (const DbError& e) {
         Msg::critical(this, e.message(QStringLiteral("LoadExpense"), Form));
         return;
     }
     try {
-        ShowList(ui->lvwOutSale, QStringLiteral("frmFind.lvwOutSale"), sales, true);
+        ShowRows(ui->lvwOutSale, QStringLiteral("frmFind.lvwOutSale"), sales, true);
     } catch (const DbError& e) {
         Msg::critical(this, e.message(QStringLiteral("LoadOutsale"), Form));
     }
@@ -129,14 +132,9 @@ void frmFind::showTotals(const FindTotals& t) {
     }
 }
 
-QString frmFind::selectedKey(const QTreeWidget* list) const {
-    const QTreeWidgetItem* it = list->currentItem();
-    return it ? it->data(0, Qt::UserRole).toString().mid(1) : QString();
-}
-
 void frmFind::LoadDetail() {
     ui->lvwDetail->clear();
-    const QString id = selectedKey(ui->lvwExpense);
+    const QString id = CurrentRowKey(ui->lvwExpense);
     if (id.isEmpty()) return;
     try {
         ShowListInQueryOrder(ui->lvwDetail, QStringLiteral("frmFind.lvwDetail"),
@@ -148,7 +146,7 @@ void frmFind::LoadDetail() {
 
 void frmFind::LoadDataOutsaleDetail() {
     ui->lvwOutSaleDetail->clear();
-    const QString id = selectedKey(ui->lvwOutSale);
+    const QString id = CurrentRowKey(ui->lvwOutSale);
     if (id.isEmpty()) return;
     try {
         ShowListInQueryOrder(ui->lvwOutSaleDetail, QStringLiteral("frmFind.lvwOutSaleDetail"),
@@ -179,7 +177,7 @@ void frmFind::cmdFindPrintOK_Click() {
 }
 
 void frmFind::cmdReprint_Click() {
-    const QString id = selectedKey(ui->lvwExpense);
+    const QString id = CurrentRowKey(ui->lvwExpense);
     if (id.isEmpty()) return Msg::info(this, QStringLiteral("请先选择要重打的帐单！"));
     RunPrint(this, QStringLiteral("cmdReprint_Click"), Form, [&] { return ReprintBill(id); });
 }

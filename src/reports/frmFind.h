@@ -1,5 +1,6 @@
 #pragma once
 #include "Db.h"
+#include "ReportControls.h"
 #include <QDialog>
 #include <memory>
 
@@ -33,9 +34,9 @@ class frmFind : public QDialog {
     void showTotals(const FindTotals& t);
     void LoadDetail();
     void LoadDataOutsaleDetail();
-    QString selectedKey(const class QTreeWidget* list) const;
 
     std::unique_ptr<Ui::frmFind> ui;
     ReportQuery* m_query;
     Rows m_bills; // what the list of bills shows, for its print
+    PeriodControls m_period;
 };

@@ -10,6 +10,8 @@
 #include <QSqlRecord>
 #include <QThread>
 #include <QUuid>
+#include <sqlite3.h>
+#include <limits>
 
 QString DbError::message(const QString& procedure, const QString& form, const QString& kind) const {
     return QStringLiteral("Error %1 (%2) in procedure %3 of %4 %5")
@@ -73,8 +75,56 @@ int RowsData::column(const QString& name) const {
     return *it;
 }
 
+QVariant RowsData::at(size_t row, size_t col) const {
+    const Cell& c = cells[row * width + col];
+    switch (c.kind) {
+    case Kind::Int: return QVariant(qlonglong(c.i));
+    case Kind::Real: return QVariant(c.d);
+    case Kind::Text: return QVariant(QString::fromUtf8(arena.constData() + c.s.off, qsizetype(c.s.len)));
+    case Kind::Blob: return QVariant(QByteArray(arena.constData() + c.s.off, qsizetype(c.s.len)));
+    case Kind::Other: return others[size_t(c.meta)];
+    case Kind::Null: break;
+    }
+    return QVariant(QMetaType(c.meta));
+}
+
+void RowsData::addBytes(Kind kind, const char* data, qsizetype len) {
+    const qsizetype off = arena.size();
+    if (off + len > qsizetype(std::numeric_limits<quint32>::max()))
+        throw DbError(-1, QStringLiteral("查询结果过大，请缩短查询的时间范围"));
+    arena.append(data, len);
+    Cell c{kind, {.i = 0}};
+    c.s = {quint32(off), quint32(len)};
+    cells.push_back(c);
+}
+
+void RowsData::add(const QVariant& v) {
+    const int type = v.metaType().id();
+    if (v.isNull()) return addNull(type);
+    switch (type) {
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::UInt:
+    case QMetaType::Short:
+    case QMetaType::UShort: return addInt(v.toLongLong());
+    case QMetaType::Double: return addReal(v.toDouble());
+    case QMetaType::QString: {
+        const QByteArray b = v.toString().toUtf8();
+        return addBytes(Kind::Text, b.constData(), b.size());
+    }
+    case QMetaType::QByteArray: {
+        const QByteArray b = v.toByteArray();
+        return addBytes(Kind::Blob, b.constData(), b.size());
+    }
+    default:
+        Cell c{Kind::Other, {.meta = int(others.size())}};
+        others.push_back(v);
+        cells.push_back(c);
+    }
+}
+
 QVariant Row::value(const QString& c) const {
-    return m_rows->data[size_t(m_index)][size_t(m_rows->column(c))];
+    return m_rows->at(size_t(m_index), size_t(m_rows->column(c)));
 }
 bool Row::has(const QString& c) const {
     return m_rows->index.contains(c.toLower());
@@ -97,8 +147,8 @@ double Row::num(const QString& c) const {
     return Val(v.toString());
 }
 
-qint64 Row::integer(const QString& c) const {
-    const QVariant v = value(c);
+namespace {
+qint64 integerOf(const QVariant& v) {
     if (v.isNull()) return 0;
     switch (v.metaType().id()) {
     case QMetaType::Int:
@@ -111,8 +161,7 @@ qint64 Row::integer(const QString& c) const {
     }
 }
 
-Money Row::money(const QString& c) const {
-    const QVariant v = value(c);
+Money moneyOf(const QVariant& v) {
     if (v.isNull()) return {};
     switch (v.metaType().id()) {
     case QMetaType::Int:
@@ -126,6 +175,20 @@ Money Row::money(const QString& c) const {
         return Money::fromRaw(RoundEven(d));
     }
     }
+}
+} // namespace
+
+qint64 Row::integer(const QString& c) const {
+    return integerOf(value(c));
+}
+Money Row::money(const QString& c) const {
+    return moneyOf(value(c));
+}
+qint64 Rows::integer(int row, int col) const {
+    return integerOf(at(row, col));
+}
+Money Rows::money(int row, int col) const {
+    return moneyOf(at(row, col));
 }
 
 QString Row::date(const QString& c) const {
@@ -207,6 +270,7 @@ void Db::close() {
     for (QSqlQuery* q : std::as_const(m_cache))
         delete q;
     m_cache.clear();
+    finalizeNative();
     m_depth = 0;
     if (QSqlDatabase::contains(m_name)) {
         {
@@ -237,7 +301,7 @@ QSqlQuery& Db::prepared(const QString& sql) {
 }
 
 void Db::run(QSqlQuery& q, const QString& sql, const Params& params) {
-    Q_UNUSED(sql);
+    m_lastStatement = sql;
     ++m_statements;
     for (int i = 0; i < params.size(); ++i)
         q.bindValue(i, params[i].value());
@@ -278,6 +342,7 @@ int Db::exec(const QString& sql, const Params& params) {
 
 Rows Db::query(const QString& sql, const Params& params) {
     if (!isOpen()) throw DbError(-1, QStringLiteral("数据库未连接"));
+    if (m_config.backend == Backend::SQLite) return querySqlite(sql, params);
     QSqlQuery& q = prepared(sql);
     run(q, sql, params);
     Rows rows;
@@ -288,15 +353,126 @@ Rows Db::query(const QString& sql, const Params& params) {
         rows.m_d->names << name;
         if (!rows.m_d->index.contains(name)) rows.m_d->index.insert(name, i);
     }
+    rows.m_d->width = size_t(n);
     while (q.next()) {
-        std::vector<QVariant> r;
-        r.reserve(size_t(n));
         for (int i = 0; i < n; ++i)
-            r.push_back(q.value(i));
-        rows.m_d->data.push_back(std::move(r));
+            rows.m_d->add(q.value(i));
+        ++rows.m_d->count;
     }
     q.finish();
     return rows;
+}
+
+namespace {
+sqlite3* nativeHandle(const QSqlDatabase& db) {
+    const QVariant h = db.driver()->handle();
+    if (qstrcmp(h.typeName(), "sqlite3*") != 0) return nullptr;
+    return *static_cast<sqlite3* const*>(h.data());
+}
+
+DbError sqliteError(sqlite3* h, int code) {
+    return DbError(code, QString::fromUtf8(sqlite3_errmsg(h)), QString::number(code));
+}
+} // namespace
+
+Rows Db::querySqlite(const QString& sql, const Params& params) {
+    sqlite3* h = nativeHandle(handle());
+    if (!h) throw DbError(-1, QStringLiteral("数据库未连接"));
+    m_lastStatement = sql;
+    ++m_statements;
+    sqlite3_stmt* st = m_native.value(sql);
+    if (!st) {
+        const QByteArray text = sql.toUtf8();
+        const int rc = sqlite3_prepare_v2(h, text.constData(), int(text.size()), &st, nullptr);
+        if (rc != SQLITE_OK) {
+            sqlite3_finalize(st);
+            throw sqliteError(h, sqlite3_extended_errcode(h));
+        }
+        m_native.insert(sql, st);
+    }
+    // Values as Qt's driver gives them: whole numbers as 64-bit, null as a null text.
+    for (int i = 0; i < params.size(); ++i) {
+        const QVariant& v = params[i].value();
+        int rc = SQLITE_OK;
+        if (v.isNull()) {
+            rc = sqlite3_bind_null(st, i + 1);
+        } else {
+            switch (v.metaType().id()) {
+            case QMetaType::Int:
+            case QMetaType::LongLong:
+            case QMetaType::UInt:
+            case QMetaType::Bool: rc = sqlite3_bind_int64(st, i + 1, v.toLongLong()); break;
+            case QMetaType::Double: rc = sqlite3_bind_double(st, i + 1, v.toDouble()); break;
+            case QMetaType::QByteArray: {
+                const QByteArray b = v.toByteArray();
+                rc = sqlite3_bind_blob64(st, i + 1, b.constData(), sqlite3_uint64(b.size()), SQLITE_TRANSIENT);
+                break;
+            }
+            default: {
+                const QByteArray t = v.toString().toUtf8();
+                rc = sqlite3_bind_text64(st, i + 1, t.constData(), sqlite3_uint64(t.size()), SQLITE_TRANSIENT,
+                                         SQLITE_UTF8);
+            }
+            }
+        }
+        if (rc != SQLITE_OK) {
+            sqlite3_reset(st);
+            sqlite3_clear_bindings(st);
+            throw sqliteError(h, rc);
+        }
+    }
+    Rows rows;
+    RowsData& d = *rows.m_d;
+    const int n = sqlite3_column_count(st);
+    for (int i = 0; i < n; ++i) {
+        const QString name = QString::fromUtf8(sqlite3_column_name(st, i)).toLower();
+        d.names << name;
+        if (!d.index.contains(name)) d.index.insert(name, i);
+    }
+    d.width = size_t(n);
+    const int nullText = QMetaType::QString;
+    int rc;
+    try {
+        while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
+            for (int i = 0; i < n; ++i) {
+                switch (sqlite3_column_type(st, i)) {
+                case SQLITE_INTEGER: d.addInt(sqlite3_column_int64(st, i)); break;
+                case SQLITE_FLOAT: d.addReal(sqlite3_column_double(st, i)); break;
+                case SQLITE_TEXT: {
+                    const auto* t = reinterpret_cast<const char*>(sqlite3_column_text(st, i));
+                    d.addBytes(RowsData::Kind::Text, t, sqlite3_column_bytes(st, i));
+                    break;
+                }
+                case SQLITE_BLOB: {
+                    const auto* b = static_cast<const char*>(sqlite3_column_blob(st, i));
+                    d.addBytes(RowsData::Kind::Blob, b, sqlite3_column_bytes(st, i));
+                    break;
+                }
+                default: d.addNull(nullText);
+                }
+            }
+            ++d.count;
+        }
+    } catch (const DbError&) {
+        sqlite3_reset(st);
+        sqlite3_clear_bindings(st);
+        throw;
+    }
+    // Reset at once: no read keeps its snapshot of the file open.
+    sqlite3_reset(st);
+    sqlite3_clear_bindings(st);
+    if (rc != SQLITE_DONE) {
+        const DbError e = sqliteError(h, sqlite3_extended_errcode(h));
+        if (m_depth > 0) m_failed = true;
+        throw e;
+    }
+    return rows;
+}
+
+void Db::finalizeNative() {
+    for (sqlite3_stmt* st : std::as_const(m_native))
+        sqlite3_finalize(st);
+    m_native.clear();
 }
 
 QVariant Db::scalar(const QString& sql, const Params& params) {

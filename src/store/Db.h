@@ -12,6 +12,7 @@
 
 class QSqlQuery;
 class Dialect;
+struct sqlite3_stmt;
 
 // A database failure, carried up to the service that turns it into the user's message.
 class DbError : public std::exception {
@@ -56,12 +57,38 @@ class Param {
 using Params = QList<Param>;
 
 // A fully read result, shared by the rows taken from it: column lookup is
-// case-insensitive, as the schema's names are.
+// case-insensitive, as the schema's names are. Values are kept compact (numbers as they
+// are, texts as their UTF-8 bytes) and become QVariants when read, so a report of a year
+// costs little more than SQLite's own stepping.
 struct RowsData {
     QStringList names;
     QHash<QString, int> index;
-    std::vector<std::vector<QVariant>> data;
+    size_t width = 0; // values per row
+    size_t count = 0; // rows
     int column(const QString& name) const;
+    QVariant at(size_t row, size_t col) const;
+
+    enum class Kind : quint8 { Null, Int, Real, Text, Blob, Other };
+    struct Cell {
+        Kind kind;
+        union {
+            qint64 i;
+            double d;
+            struct {
+                quint32 off, len;
+            } s;
+            int meta; // Null: the type of the null; Other: index into `others`
+        };
+    };
+    std::vector<Cell> cells;
+    QByteArray arena;
+    std::vector<QVariant> others;
+
+    void addNull(int meta) { cells.push_back(Cell{Kind::Null, {.meta = meta}}); }
+    void addInt(qint64 v) { cells.push_back(Cell{Kind::Int, {.i = v}}); }
+    void addReal(double v) { cells.push_back(Cell{Kind::Real, {.d = v}}); }
+    void addBytes(Kind kind, const char* data, qsizetype len);
+    void add(const QVariant& v);
 };
 
 // One row of a result. Reads map nulls the way the whole program expects:
@@ -87,12 +114,15 @@ class Row {
 class Rows {
   public:
     Rows() : m_d(std::make_shared<RowsData>()) {}
-    int count() const { return int(m_d->data.size()); }
-    bool isEmpty() const { return m_d->data.empty(); }
+    int count() const { return int(m_d->count); }
+    bool isEmpty() const { return m_d->count == 0; }
     Row operator[](int i) const { return Row(m_d, i); }
     Row first() const { return Row(m_d, 0); }
     int column(const QString& name) const { return m_d->column(name); }
-    const QVariant& at(int row, int col) const { return m_d->data[size_t(row)][size_t(col)]; }
+    QVariant at(int row, int col) const { return m_d->at(size_t(row), size_t(col)); }
+    // A value read as Row reads it, by column index: for loops over long results.
+    Money money(int row, int col) const;
+    qint64 integer(int row, int col) const;
     QStringList columns() const { return m_d->names; }
 
     struct iterator {
@@ -178,6 +208,8 @@ class Db {
     static constexpr const char* ChangeChannel = "singbox_change";
     // Statements run on this connection so far (benchmarks count the cost of a refresh).
     qint64 statements() const { return m_statements; }
+    // The text of the statement run last (benchmarks run the same text bare).
+    const QString& lastStatement() const { return m_lastStatement; }
 
     // Whether a write that failed on its `attempt`-th try should run again.
     bool mayRetry(const DbError& e, int attempt) const;
@@ -189,6 +221,10 @@ class Db {
   private:
     friend class Transaction;
     QSqlQuery& prepared(const QString& sql);
+    // Reads of the embedded file step through SQLite itself: Qt's driver converts every
+    // text to UTF-16 inside SQLite first, which doubles the time of a long report.
+    Rows querySqlite(const QString& sql, const Params& params);
+    void finalizeNative();
     void run(QSqlQuery& q, const QString& sql, const Params& params);
     void begin();
     void commit();
@@ -200,12 +236,14 @@ class Db {
     DbConfig m_config;
     std::unique_ptr<Dialect> m_dialect;
     QHash<QString, QSqlQuery*> m_cache;
+    QHash<QString, sqlite3_stmt*> m_native;
     int m_depth = 0;
     bool m_failed = false;
     bool m_discard = false;
     QStringList m_announced;
     std::function<void(const QStringList&)> m_onCommitted;
     qint64 m_statements = 0;
+    QString m_lastStatement;
 };
 
 inline Db& DB() {

@@ -22,6 +22,9 @@ public:
     // A condition that holds for the first row a plain select of a table without a key
     // returns, and for no other row.
     virtual QString firstRowOf(const QString& table) const = 0;
+    // The week of the year of a stored time text ("yyyy-MM-dd HH:mm"): weeks start on
+    // Sunday and week 1 holds the first of January, the same number on both backends.
+    virtual QString weekOfYear(const QString& column) const = 0;
     // Replaces {MONEY}, {REAL}, {BLOB} in a schema script.
     QString expand(QString script) const;
 };
@@ -37,6 +40,7 @@ public:
     QString forUpdate() const override { return {}; }
     bool isUniqueViolation(const DbError& e) const override;
     bool isRetryable(const DbError& e) const override;
+    QString weekOfYear(const QString& column) const override;
     QString firstRowOf(const QString& table) const override {
         return QStringLiteral("rowid = (select min(rowid) from ") + table + QLatin1Char(')');
     }
@@ -53,6 +57,7 @@ public:
     QString forUpdate() const override { return QStringLiteral(" for update"); }
     bool isUniqueViolation(const DbError& e) const override;
     bool isRetryable(const DbError& e) const override;
+    QString weekOfYear(const QString& column) const override;
     QString firstRowOf(const QString& table) const override {
         return QStringLiteral("ctid = (select ctid from ") + table + QStringLiteral(" limit 1)");
     }

@@ -173,17 +173,35 @@ Refused SaveListColumns(const QString& name, const QList<ListColumnDef>& columns
 
 namespace {
 // Fills the list by its columns; false when it shows no column.
-bool fillList(QTreeWidget* list, const QString& name, const Rows& rows, bool keyed, Db& db) {
-    list->clear();
+} // namespace
+
+QList<ListColumnDef> ShownListColumns(const QString& name, const Rows& rows, Db& db) {
     QList<ListColumnDef> columns = LoadListColumns(name, db);
     if (columns.isEmpty()) {
         seedColumns(db, listKey(name), rows);
         columns = LoadListColumns(name, db);
     }
-
     QList<ListColumnDef> shown;
     for (const ListColumnDef& c : std::as_const(columns))
         if (c.isShow) shown.append(c);
+    return shown;
+}
+
+void SizeListColumns(QTreeView* list, const QList<ListColumnDef>& shown) {
+    list->setRootIsDecorated(false);
+    list->header()->setStretchLastSection(false);
+    for (int i = 0; i < shown.size(); ++i)
+        list->header()->resizeSection(i, int(std::lround(std::max(0, shown[i].colWidth) / double(TwipsPerPixel))));
+}
+
+QString ListPlainText(const QVariant& v) {
+    return plainText(v);
+}
+
+namespace {
+bool fillList(QTreeWidget* list, const QString& name, const Rows& rows, bool keyed, Db& db) {
+    list->clear();
+    const QList<ListColumnDef> shown = ShownListColumns(name, rows, db);
 
     auto* header = new QTreeWidgetItem();
     for (int i = 0; i < shown.size(); ++i) {
@@ -192,11 +210,7 @@ bool fillList(QTreeWidget* list, const QString& name, const Rows& rows, bool key
         header->setData(i, ListTwipsRole, shown[i].colWidth);
     }
     list->setHeaderItem(header);
-    list->setRootIsDecorated(false);
-    list->header()->setStretchLastSection(false);
-    for (int i = 0; i < shown.size(); ++i)
-        list->header()->resizeSection(
-            i, int(std::lround(std::max(0, shown[i].colWidth) / double(TwipsPerPixel))));
+    SizeListColumns(list, shown);
     if (shown.isEmpty()) return false;
 
     // Where each shown column reads its value; -1 for a field the record set lacks.

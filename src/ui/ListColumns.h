@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVariant>
 
+class QTreeView;
 class QTreeWidget;
 
 // The configured columns of the program's lists, one FD_FormControl row per column.
@@ -58,6 +59,14 @@ void ShowList(QTreeWidget* list, const QString& name, const Rows& rows, bool key
 // order, with no sort indicator, until the user clicks a header.
 void ShowListInQueryOrder(QTreeWidget* list, const QString& name, const Rows& rows, bool keyed,
                           Db& db = DB());
+
+// The shown columns of a list; a list without stored columns first gets one per field of
+// `rows`. Throws DbError.
+QList<ListColumnDef> ShownListColumns(const QString& name, const Rows& rows, Db& db = DB());
+// Gives the columns of a list their configured widths.
+void SizeListColumns(QTreeView* list, const QList<ListColumnDef>& shown);
+// A value as a column without a rule shows it.
+QString ListPlainText(const QVariant& v);
 
 // The index of the shown column of `colname` in a list filled by ShowList, or -1.
 int ListColumn(const QTreeWidget* list, const QString& colname);

@@ -10,7 +10,7 @@
 #include <QMenu>
 #include <QRegularExpression>
 #include <QSaveFile>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <cmath>
 #include <xlsxwriter.h>
 
@@ -22,22 +22,31 @@ struct Shown {
 };
 
 // The shown columns in screen order, with their widths as shown.
-QList<Shown> shownColumns(const QTreeWidget* list) {
+QList<Shown> shownColumns(const QTreeView* list) {
     const QHeaderView* header = list->header();
-    const QTreeWidgetItem* head = list->headerItem();
+    const QAbstractItemModel* m = list->model();
     QList<Shown> out;
     for (int v = 0; v < header->count(); ++v) {
         const int c = header->logicalIndex(v);
         if (c < 0 || header->isSectionHidden(c)) continue;
         const int px = header->sectionSize(c);
         // A column still at its configured width keeps the configured twips exactly.
-        const QVariant configured = head->data(c, ListTwipsRole);
+        const QVariant configured = m->headerData(c, Qt::Horizontal, ListTwipsRole);
         int twips = px * TwipsPerPixel;
         if (configured.isValid() && std::lround(configured.toInt() / double(TwipsPerPixel)) == px)
             twips = configured.toInt();
-        out.append({c, head->text(c), twips});
+        out.append({c, m->headerData(c, Qt::Horizontal).toString(), twips});
     }
     return out;
+}
+
+QString cellText(const QTreeView* list, int row, int column) {
+    const QAbstractItemModel* m = list->model();
+    return m->data(m->index(row, column)).toString();
+}
+
+int rowCount(const QTreeView* list) {
+    return list->model() ? list->model()->rowCount() : 0;
 }
 
 QString oneLine(QString s) {
@@ -72,7 +81,7 @@ QString ExportFolder() {
     return QDir(App().AppPath).filePath(QStringLiteral("Export"));
 }
 
-bool WriteListText(const QTreeWidget* list, const QString& path, QString* error) {
+bool WriteListText(const QTreeView* list, const QString& path, QString* error) {
     const QList<Shown> columns = shownColumns(list);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
@@ -83,11 +92,10 @@ bool WriteListText(const QTreeWidget* list, const QString& path, QString* error)
     for (const Shown& c : columns)
         cells << oneLine(c.title);
     QByteArray out = cells.join(QLatin1Char('\t')).toUtf8() + '\n';
-    for (int i = 0; i < list->topLevelItemCount(); ++i) {
-        const QTreeWidgetItem* item = list->topLevelItem(i);
+    for (int i = 0; i < rowCount(list); ++i) {
         cells.clear();
         for (const Shown& c : columns)
-            cells << oneLine(item->text(c.column));
+            cells << oneLine(cellText(list, i, c.column));
         out += cells.join(QLatin1Char('\t')).toUtf8() + '\n';
     }
     file.write(out);
@@ -98,7 +106,7 @@ bool WriteListText(const QTreeWidget* list, const QString& path, QString* error)
     return true;
 }
 
-bool WriteListXlsx(const QTreeWidget* list, const QString& path, QString* error) {
+bool WriteListXlsx(const QTreeView* list, const QString& path, QString* error) {
     const QList<Shown> columns = shownColumns(list);
     lxw_workbook* book = workbook_new(QFile::encodeName(path).constData());
     if (!book) {
@@ -126,10 +134,9 @@ bool WriteListXlsx(const QTreeWidget* list, const QString& path, QString* error)
         check(worksheet_set_column(sheet, col, col, width, nullptr));
         put(0, col, columns[j].title, bold);
     }
-    for (int i = 0; i < list->topLevelItemCount(); ++i) {
-        const QTreeWidgetItem* item = list->topLevelItem(i);
+    for (int i = 0; i < rowCount(list); ++i) {
         for (int j = 0; j < columns.size(); ++j)
-            put(lxw_row_t(i + 1), lxw_col_t(j), item->text(columns[j].column), nullptr);
+            put(lxw_row_t(i + 1), lxw_col_t(j), cellText(list, i, columns[j].column), nullptr);
     }
     const lxw_error closed = workbook_close(book);
     check(closed);
@@ -140,7 +147,7 @@ bool WriteListXlsx(const QTreeWidget* list, const QString& path, QString* error)
     return true;
 }
 
-QString ExportExcel(QTreeWidget* list) {
+QString ExportExcel(QTreeView* list) {
     QDir().mkpath(ExportFolder());
     const QString path = uniqueExportFile();
     QString error;
@@ -153,7 +160,7 @@ QString ExportExcel(QTreeWidget* list) {
     return path;
 }
 
-QString ExportText(QTreeWidget* list) {
+QString ExportText(QTreeView* list) {
     QDir().mkpath(ExportFolder());
     const QString path = QDir(ExportFolder()).filePath(QStringLiteral("Temp.txt"));
     QString error;
@@ -166,11 +173,11 @@ QString ExportText(QTreeWidget* list) {
     return path;
 }
 
-QMenu* ExportMenu(QWidget* parent, QTreeWidget* list) {
+QMenu* ExportMenu(QWidget* parent, QTreeView* list) {
     return ExportMenu(parent, [list] { return list; });
 }
 
-QMenu* ExportMenu(QWidget* parent, std::function<QTreeWidget*()> list) {
+QMenu* ExportMenu(QWidget* parent, std::function<QTreeView*()> list) {
     auto* menu = new QMenu(parent);
     menu->setObjectName(QStringLiteral("mnuExport"));
     QAction* excel = menu->addAction(QStringLiteral("导出到Excel"));

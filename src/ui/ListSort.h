@@ -1,17 +1,17 @@
 #pragma once
 #include <Qt>
 
-class QTreeWidget;
+class QTreeView;
 
 // Sorts a list on a click of a column header: the column it is already sorted by turns
 // round, another column sorts ascending. Values compare as text.
-void SortList(QTreeWidget* list, int column);
+void SortList(QTreeView* list, int column);
 
 // Sorts a list by a column in an order and shows that on the header.
-void SortListBy(QTreeWidget* list, int column, Qt::SortOrder order);
+void SortListBy(QTreeView* list, int column, Qt::SortOrder order);
 
 // Forgets the sort of a list: no indicator, and the next click sorts ascending.
-void ClearListSort(QTreeWidget* list);
+void ClearListSort(QTreeView* list);
 
 // Makes the headers of a list clickable and sorts the list on each click.
-void SortListOnHeaderClick(QTreeWidget* list);
+void SortListOnHeaderClick(QTreeView* list);

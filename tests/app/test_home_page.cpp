@@ -63,9 +63,10 @@ class TestHomePage : public QObject {
             {"changepw", "frmChangePw"}, {"showlog", "frmLog"}, {"setuplog", "frmLogSetup"},
             {"findchongzhi0", "frmChongzhiList"}, {"chongzhi", "frmChongzhiList"}, {"appexit", "message"},
             {"checkform", "frmCheckForm"}, {"shouyininfo", "frmShouyinInfo"}, {"showsyssetup", ""}, {"showwarehousenum", "message"}, {"supplier", "frmSupplierList"},
-            {"find0", "frmFind/tabExpense"}, {"find1", "frmFind/tabExpense"}, {"find2", "frmFind/tabExpense"}, {"findbusincome0", ""}, {"findbusincome1", ""},
-            {"findbusincome2", ""}, {"findpaihang", ""}, {"showbusreorder0", ""}, {"showbusreorder1", ""},
-            {"showbusreorder2", ""}, {"showchart", ""}, {"dataandchart", ""}, {"wareinlist", "frmWareInList"},
+            {"find0", "frmFind/tabExpense"}, {"find1", "frmFind/tabExpense"}, {"find2", "frmFind/tabExpense"}, {"findbusincome0", "frmFindIncome/tabExpense"},
+            {"findbusincome1", "frmFindIncome/tabExpense"}, {"findbusincome2", "frmFindIncome/tabExpense"},
+            {"findpaihang", "frmBusReorder"}, {"showbusreorder0", "frmBusReorder"}, {"showbusreorder1", "frmBusReorder"},
+            {"showbusreorder2", "frmBusReorder"}, {"showchart", "frmChart"}, {"dataandchart", "frmChart"}, {"wareinlist", "frmWareInList"},
             {"warelosslist", "frmWareLossList"}, {"warein", "message"}, {"wareloss", "frmWareLoss"}, {"relogin", "frmLogin"},
             {"nosuchword", ""}, {"", ""}};
         for (const auto& [word, leads] : rows)

@@ -1,0 +1,38 @@
+#include "ReportControls.h"
+#include "Clock.h"
+#include "StoredValueService.h"
+#include <QDateTimeEdit>
+#include <QListWidget>
+#include <QRadioButton>
+
+void PeriodControls::install(QWidget* owner, int period) {
+    for (int i = 0; i < 3; ++i)
+        QObject::connect(days[i], &QRadioButton::clicked, owner, [this, i] { choose(i); });
+    choose(period);
+}
+
+void PeriodControls::choose(int period) {
+    const int index = period >= 0 && period <= 2 ? period : 0;
+    days[index]->setChecked(true);
+    const ChongzhiPeriod p = StoredValueService::period(index, Now().date());
+    start->setDateTime(p.start);
+    end->setDateTime(p.end);
+}
+
+void FillStateList(QListWidget* list, bool withDeferred) {
+    list->clear();
+    list->addItem(QStringLiteral("现结帐单"));
+    list->addItem(QStringLiteral("免费帐单 "));
+    if (withDeferred) list->addItem(QStringLiteral("挂帐帐单"));
+    list->selectAll();
+    list->setFixedHeight(list->sizeHintForRow(0) + 2 * list->frameWidth() + 4);
+    int width = 2 * list->frameWidth() + 8;
+    for (int i = 0; i < list->count(); ++i)
+        width += list->sizeHintForColumn(0) + 4;
+    list->setFixedWidth(width);
+}
+
+VoucherChoice ChoiceOf(const QListWidget* list) {
+    const auto on = [list](int i) { return i < list->count() && list->item(i)->isSelected(); };
+    return {on(0), on(1), on(2)};
+}

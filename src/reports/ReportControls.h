@@ -1,0 +1,22 @@
+#pragma once
+#include "FindService.h"
+
+class QDateTimeEdit;
+class QListWidget;
+class QRadioButton;
+class QWidget;
+
+// The controls the report windows share: the preset periods (0 today, 1 this week, 2 this
+// month, each with its end exclusive) and the list of settlements.
+struct PeriodControls {
+    QRadioButton* days[3];
+    QDateTimeEdit* start;
+    QDateTimeEdit* end;
+    // Connects the presets and sets `period` (out of range: today).
+    void install(QWidget* owner, int period = 0);
+    void choose(int period);
+};
+
+// "现结帐单", "免费帐单 " and, with `withDeferred`, "挂帐帐单", all selected.
+void FillStateList(QListWidget* list, bool withDeferred);
+VoucherChoice ChoiceOf(const QListWidget* list);

@@ -1,0 +1,92 @@
+#include "frmBusReorder.h"
+#include "BusinessQueries.h"
+#include "EmployeeCombo.h"
+#include "Format.h"
+#include "ListColumns.h"
+#include "ListExport.h"
+#include "ListSort.h"
+#include "MessageBox.h"
+#include "ReportQuery.h"
+#include "ScreenFit.h"
+#include "ui_frmBusReorder.h"
+#include <QMenu>
+
+namespace {
+const QString Form = QStringLiteral("frmBusReorder");
+} // namespace
+
+frmBusReorder::frmBusReorder(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmBusReorder>()) {
+    ui->setupUi(this);
+    ScreenFit::install(this, QSize(1000, 680));
+    m_query = new ReportQuery(ui->cmdFind, ui->prgFind, this);
+    m_period = {{ui->optDay0, ui->optDay1, ui->optDay2}, ui->dtpStart, ui->dtpEnd};
+    m_period.install(this);
+    SortListOnHeaderClick(ui->lvwWare);
+    SortListOnHeaderClick(ui->lvwSteward);
+    try {
+        FillEmployeeCombo(ui->cmbSteward);
+    } catch (const DbError& e) {
+        Msg::critical(this, e.message(QStringLiteral("Form_Load"), Form));
+    }
+    connect(ui->cmdFind, &QPushButton::clicked, this, &frmBusReorder::cmdFind_Click);
+    connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+    QMenu* mnuExport = ExportMenu(this, [this]() -> QTreeView* {
+        return ui->ctabThis->currentWidget() == ui->steward ? ui->lvwSteward : ui->lvwWare;
+    });
+    connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, mnuExport] {
+        mnuExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
+    });
+}
+
+frmBusReorder::~frmBusReorder() = default;
+
+void frmBusReorder::ShowMe(int period) {
+    m_period.choose(period);
+    exec();
+}
+
+void frmBusReorder::cmdFind_Click() {
+    if (m_query->busy()) return;
+    const QDateTime start = ui->dtpStart->dateTime(), end = ui->dtpEnd->dateTime();
+    const bool steward = ui->ctabThis->currentWidget() == ui->steward;
+    const RankBy by = ui->optType1->isChecked() ? RankBy::GoodsType : RankBy::Goods;
+    const QString employee = ui->cmbSteward->currentText();
+    QTreeWidget* list = steward ? ui->lvwSteward : ui->lvwWare;
+    const QString name = steward ? QStringLiteral("frmBusReorder.lvwSteward")
+                         : by == RankBy::GoodsType ? QStringLiteral("frmBusReorder.lvwWareType")
+                                                   : QStringLiteral("frmBusReorder.lvwWare");
+    list->clear();
+    ui->txtSumOughtMoney->clear();
+    ui->txtSumTiChengMoney->clear();
+    auto rows = std::make_shared<Rows>();
+    m_query->run(
+        [=](Db& db) {
+            const ReorderService s(db);
+            *rows = steward ? s.steward(start, end, employee) : s.goods(start, end, by);
+        },
+        [this, list, name, rows, steward] {
+            showRanking(list, name, *rows);
+            if (!steward) return;
+            ui->txtSumOughtMoney->setText(SumMoney(*rows, QStringLiteral("OughtMoney")).toString2());
+            ui->txtSumTiChengMoney->setText(SumMoney(*rows, QStringLiteral("TiChengMoney")).toString2());
+        },
+        [this](const DbError& e) { Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form)); });
+}
+
+void frmBusReorder::showRanking(QTreeWidget* list, const QString& name, const Rows& rows) {
+    try {
+        ShowListInQueryOrder(list, name, rows, true);
+    } catch (const DbError& e) {
+        return Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form));
+    }
+    // Numbers stand right, padded to eight places.
+    for (const char* field : {"Num", "OughtMoney", "TiChengMoney"}) {
+        const int c = ListColumn(list, QLatin1String(field));
+        if (c < 0) continue;
+        for (int i = 0; i < list->topLevelItemCount(); ++i) {
+            QTreeWidgetItem* it = list->topLevelItem(i);
+            it->setText(c, FormatText(it->text(c), QStringLiteral("@@@@@@@@")));
+            it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
+        }
+    }
+}

@@ -1,0 +1,98 @@
+#include "frmFindIncome.h"
+#include "BusinessQueries.h"
+#include "Format.h"
+#include "ListExport.h"
+#include "ListSort.h"
+#include "MessageBox.h"
+#include "ReportQuery.h"
+#include "RowsList.h"
+#include "ScreenFit.h"
+#include "ui_frmFindIncome.h"
+#include <QMenu>
+
+namespace {
+const QString Form = QStringLiteral("frmFindIncome");
+
+QString plain(Money m) {
+    return m.toString2();
+}
+} // namespace
+
+frmFindIncome::frmFindIncome(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmFindIncome>()) {
+    ui->setupUi(this);
+    ScreenFit::install(this, QSize(1200, 700));
+    m_query = new ReportQuery(ui->cmdFind, ui->prgFind, this);
+    FillStateList(ui->lstState, true);
+    m_period = {{ui->optDay0, ui->optDay1, ui->optDay2}, ui->dtpStart, ui->dtpEnd};
+    m_period.install(this);
+    for (QTreeView* list : {ui->lvwExpense, ui->lvwOutSale}) {
+        list->setModel(new RowsModel(list));
+        SortListOnHeaderClick(list);
+    }
+    connect(ui->cmdFind, &QPushButton::clicked, this, &frmFindIncome::cmdFind_Click);
+    connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+    QMenu* mnuExport = ExportMenu(this, [this]() -> QTreeView* {
+        return ui->ctbThis->currentWidget() == ui->tabOutSale ? ui->lvwOutSale : ui->lvwExpense;
+    });
+    connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, mnuExport] {
+        mnuExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
+    });
+}
+
+frmFindIncome::~frmFindIncome() = default;
+
+void frmFindIncome::ShowMe(int period) {
+    m_period.choose(period);
+    exec();
+}
+
+void frmFindIncome::cmdFind_Click() {
+    if (m_query->busy()) return;
+    for (QLabel* l : {ui->lblThisSumExpenseMoney, ui->lblThisSumMoney, ui->lblThisSumIncome})
+        l->setText(QStringLiteral("0"));
+    for (QLabel* l : {ui->lblSumNum, ui->lblSumStartMoney, ui->lblSumExpenseMoney, ui->lblSumMoney, ui->lblSumIncome,
+                      ui->lblSumExpenseMoneyOutsale, ui->lblSumMoneyOutsale, ui->lblSumIncomeOutsale})
+        l->clear();
+    try {
+        ShowRows(ui->lvwExpense, QStringLiteral("frmFindIncome.lvwExpense"), Rows(), true);
+        ShowRows(ui->lvwOutSale, QStringLiteral("frmFindIncome.lvwOutSale"), Rows(), true);
+    } catch (const DbError& e) {
+        return Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form));
+    }
+    const QDateTime start = ui->dtpStart->dateTime(), end = ui->dtpEnd->dateTime();
+    const VoucherChoice choice = ChoiceOf(ui->lstState);
+    auto bills = std::make_shared<Rows>();
+    auto sales = std::make_shared<Rows>();
+    m_query->run(
+        [=](Db& db) {
+            const IncomeService s(db);
+            *bills = s.bills(start, end, choice);
+            *sales = s.sales(start, end);
+        },
+        [this, bills, sales] { showResults(*bills, *sales); },
+        [this](const DbError& e) { Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form)); });
+}
+
+void frmFindIncome::showResults(const Rows& bills, const Rows& sales) {
+    try {
+        ShowRows(ui->lvwExpense, QStringLiteral("frmFindIncome.lvwExpense"), bills, true);
+        ShowRows(ui->lvwOutSale, QStringLiteral("frmFindIncome.lvwOutSale"), sales, true);
+    } catch (const DbError& e) {
+        return Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form));
+    }
+    showTotals(IncomeService::totals(bills, sales));
+}
+
+void frmFindIncome::showTotals(const IncomeTotals& t) {
+    ui->lblSumNum->setText(FormatNumber(double(t.customers), QStringLiteral("0.00")));
+    ui->lblSumStartMoney->setText(plain(t.startMoney));
+    ui->lblSumExpenseMoney->setText(plain(t.oughtMoney));
+    ui->lblSumMoney->setText(plain(t.factPay));
+    ui->lblSumIncome->setText(plain(t.income));
+    ui->lblSumExpenseMoneyOutsale->setText(plain(t.saleOught));
+    ui->lblSumMoneyOutsale->setText(plain(t.saleFact));
+    ui->lblSumIncomeOutsale->setText(plain(t.saleIncome));
+    ui->lblThisSumExpenseMoney->setText(plain(t.oughtMoney + t.saleOught));
+    ui->lblThisSumMoney->setText(plain(t.factPay + t.saleFact));
+    ui->lblThisSumIncome->setText(plain(t.income + t.saleIncome));
+}
