@@ -1,14 +1,10 @@
 // The till's windows on a 1366x768 screen at the scaling of the run (QT_SCALE_FACTOR 1, 1.25,
 // 1.5): each within the available screen, its amounts and its commit button in sight.
+#include "TestKit.h"
 #include "FocusStyle.h"
-#include "FormProbe.h"
-#include "MessageBox.h"
-#include "Password.h"
 #include "RoomBoard.h"
 #include "RoomUse.h"
 #include "ScreenFit.h"
-#include "Seed.h"
-#include "TestVenue.h"
 #include "frmChongzhi.h"
 #include "frmCloseHouse.h"
 #include "frmEditReservation.h"
@@ -33,16 +29,8 @@
 #include "frmOption.h"
 #include "frmPayLevel.h"
 #include "frmWare.h"
-#include <QApplication>
 #include <QFontDatabase>
 #include <QScreen>
-#include <QTemporaryDir>
-#include <QTest>
-#include <functional>
-#include <map>
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 // A room in use with its bill, a free one, a member with stored value; gives the bill.

@@ -1,10 +1,8 @@
 // Hostile typed input: numbers a field cannot hold, infinities, and characters outside the
 // basic plane at a box's length limit. Every money, quantity and count box is in one table.
+#include "TestKit.h"
 #include "BusinessRules.h"
 #include "CheckoutModel.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "MemberClassService.h"
 #include "MemberService.h"
 #include "OrderEntry.h"
@@ -12,11 +10,7 @@
 #include "PayLevel.h"
 #include "RoomService.h"
 #include "RoomUse.h"
-#include "Seed.h"
-#include "Settings.h"
 #include "StoredValueService.h"
-#include "TestVenue.h"
-#include "Val.h"
 #include "WareLevel.h"
 #include "WareService.h"
 #include "frmChongzhi.h"
@@ -33,15 +27,7 @@
 #include "frmWare.h"
 #include "frmWareLevel.h"
 #include "frmWareType.h"
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTest>
-#include <QTimer>
 #include <cmath>
-#include <functional>
-#include <map>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 const QString TwentyNines = u"99999999999999999999"_s;

@@ -1,10 +1,5 @@
+#include "TestKit.h"
 #include "CheckoutModel.h"
-#include "Columns.h"
-#include "MoneyCompare.h"
-#include "Val.h"
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 Money yuan(double v) {

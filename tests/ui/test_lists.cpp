@@ -1,35 +1,16 @@
+#include "TestKit.h"
 #include "AutoInput.h"
 #include "CheckoutService.h"
 #include "EmployeeService.h"
 #include "Reconcile.h"
 #include "StockRecords.h"
 #include "SupplierService.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "Desktop.h"
 #include "Dialect.h"
-#include "FormProbe.h"
-#include "ListColumns.h"
 #include "ListExport.h"
 #include "ListSort.h"
-#include "MessageBox.h"
 #include "Schema.h"
-#include "TestVenue.h"
 #include "frmQNDisplayCase.h"
-#include <QApplication>
-#include <QComboBox>
-#include <QDir>
-#include <QFileInfo>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QProcess>
-#include <QPushButton>
 #include <QStandardPaths>
-#include <QTest>
-#include <QTimer>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(QList<ListColumnDef>)
 
