@@ -1,7 +1,7 @@
-#include "TestKit.h"
 #include "Log.h"
 #include "LogService.h"
 #include "OperatorService.h"
+#include "TestKit.h"
 #include "frmLog.h"
 #include "frmLogSetup.h"
 #include "frmOperator.h"

@@ -1,8 +1,8 @@
 // The board: the one current room that mouse, keys, the finder and refreshes all move, the
 // commands, the panel and the menus that follow it, and the dialogs it opens.
-#include "TestKit.h"
 #include "RoomBoard.h"
 #include "RoomUse.h"
+#include "TestKit.h"
 #include "fExpense.h"
 #include "frmMain.h"
 #include <QContextMenuEvent>

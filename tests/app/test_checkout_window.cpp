@@ -1,6 +1,6 @@
-#include "TestKit.h"
 #include "PrintUi.h"
 #include "RoomBoard.h"
+#include "TestKit.h"
 #include "frmCloseHouse.h"
 #include "frmMain.h"
 

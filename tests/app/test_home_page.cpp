@@ -1,5 +1,5 @@
-#include "TestKit.h"
 #include "MainCommands.h"
+#include "TestKit.h"
 #include "frmMain.h"
 #include <QTextBrowser>
 #include <QTextCursor>

@@ -1,6 +1,6 @@
-#include "TestKit.h"
 #include "OrderPrinting.h"
 #include "RoomBoard.h"
+#include "TestKit.h"
 #include "frmExpenseDetail.h"
 #include "frmMain.h"
 

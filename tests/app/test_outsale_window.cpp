@@ -1,5 +1,5 @@
-#include "TestKit.h"
 #include "PrintUi.h"
+#include "TestKit.h"
 #include "frmMain.h"
 
 namespace {

@@ -1,7 +1,7 @@
-#include "TestKit.h"
 #include "MainCommands.h"
 #include "OperatorService.h"
 #include "Puissance.h"
+#include "TestKit.h"
 #include "frmChongzhiList.h"
 #include "frmCloseHouse.h"
 #include "frmEmployeeList.h"

@@ -1,7 +1,7 @@
-#include "TestKit.h"
 #include "AppInit.h"
 #include "Puissance.h"
 #include "SignIn.h"
+#include "TestKit.h"
 #include "frmLogin.h"
 #include "frmMain.h"
 #include <QPlainTextEdit>
@@ -59,7 +59,8 @@ class TestSignIn : public QObject {
                 text(u"select pw from Operator where LoginName=?"_s, {login}).startsWith(u"$argon2id$"_s));
             // The limits come from the operator's row.
             if (login == u"o'hara"_s)
-                QCOMPARE(u"%1/%2"_s.arg(App().CurrentDiscountLimit).arg(App().CurrentCloseTimeLimit), u"25/15"_s);
+                QCOMPARE(u"%1/%2"_s.arg(App().CurrentDiscountLimit).arg(App().CurrentCloseTimeLimit),
+                         u"25/15"_s);
         } else {
             QVERIFY(App().CurrentOperatorID.isEmpty());
         }

@@ -1,6 +1,6 @@
-#include "TestKit.h"
 #include "Money.h"
 #include "NewID.h"
+#include "TestKit.h"
 
 class TestCore : public QObject {
     Q_OBJECT

@@ -1,8 +1,8 @@
 // The program keeps running: a database error on a read path is shown and the window goes
 // on; sign-in and the first-run help do what one press and one first start ask.
-#include "TestKit.h"
 #include "GuardedApplication.h"
 #include "RoomBoard.h"
+#include "TestKit.h"
 #include "Venue.h"
 #include "frmHouse.h"
 #include "frmHouseChange.h"

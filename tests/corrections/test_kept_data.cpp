@@ -1,6 +1,5 @@
 // Data that stays what it was: goods on lines, codes whatever their case, states and list
 // texts as the windows give them, tickets only to a printer named for them.
-#include "TestKit.h"
 #include "CheckoutService.h"
 #include "MemberService.h"
 #include "OptionPrintPage.h"
@@ -9,6 +8,7 @@
 #include "SignIn.h"
 #include "Slips.h"
 #include "StoredValueService.h"
+#include "TestKit.h"
 #include "WareService.h"
 #include "frmCloseHouse.h"
 #include "frmEmployee.h"

@@ -1,6 +1,5 @@
 // Hostile typed input: numbers a field cannot hold, infinities, and characters outside the
 // basic plane at a box's length limit. Every money, quantity and count box is in one table.
-#include "TestKit.h"
 #include "BusinessRules.h"
 #include "CheckoutModel.h"
 #include "MemberClassService.h"
@@ -11,6 +10,7 @@
 #include "RoomService.h"
 #include "RoomUse.h"
 #include "StoredValueService.h"
+#include "TestKit.h"
 #include "WareLevel.h"
 #include "WareService.h"
 #include "frmChongzhi.h"

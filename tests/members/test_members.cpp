@@ -1,10 +1,10 @@
-#include "TestKit.h"
 #include "Dialect.h"
 #include "MemberClassService.h"
 #include "MemberService.h"
 #include "PasswordChange.h"
 #include "SignIn.h"
 #include "StoredValueService.h"
+#include "TestKit.h"
 #include <QImage>
 
 namespace {

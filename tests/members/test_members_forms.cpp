@@ -1,6 +1,6 @@
-#include "TestKit.h"
 #include "MemberPrinting.h"
 #include "SignIn.h"
+#include "TestKit.h"
 #include "frmChangePw.h"
 #include "frmChongzhi.h"
 #include "frmChongzhiList.h"

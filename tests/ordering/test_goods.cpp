@@ -1,5 +1,5 @@
-#include "TestKit.h"
 #include "Mnemonic.h"
+#include "TestKit.h"
 #include "WareLevel.h"
 #include "WarePrice.h"
 #include "WareService.h"

@@ -1,6 +1,6 @@
-#include "TestKit.h"
 #include "OrderEntry.h"
 #include "RoomUse.h"
+#include "TestKit.h"
 
 namespace {
 // Beer; a juice and a sausage sharing the mnemonic "dk" in either case (the juice first by

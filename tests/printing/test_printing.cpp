@@ -1,4 +1,3 @@
-#include "TestKit.h"
 #include "EscPos.h"
 #include "MemberPrinting.h"
 #include "OrderPrinting.h"
@@ -9,6 +8,7 @@
 #include "ReceiptPainter.h"
 #include "RoomBoard.h"
 #include "Slips.h"
+#include "TestKit.h"
 #include "frmMain.h"
 #include "frmOpenHouse.h"
 #include "frmOption.h"
@@ -599,7 +599,9 @@ class TestPrinting : public QObject {
         QCOMPARE(child<QComboBox>(&w, "cmbHC")->currentText(), u"tcp://10.0.0.9:9100"_s);
         QCOMPARE(child<QComboBox>(&w, "cmbPrinter")->currentText(), u"系统默认打印机"_s);
         // The kitchen and bar lists hold only printers that can be named, so "no printer" is caught.
-        QCOMPARE(child<QComboBox>(&w, "cmbHC")->findData(QString()) + child<QComboBox>(&w, "cmbBT")->findData(QString()), -2);
+        QCOMPARE(child<QComboBox>(&w, "cmbHC")->findData(QString()) +
+                     child<QComboBox>(&w, "cmbBT")->findData(QString()),
+                 -2);
 
         child<QLineEdit>(&w, "txtCompanyName")->setText(u"星澜KTV（O'Neil 店）"_s);
         child<QLineEdit>(&w, "txtEndBillNum")->setText(u"0"_s);

@@ -1,5 +1,5 @@
-#include "TestKit.h"
 #include "RaceVenue.h"
+#include "TestKit.h"
 #include <QRandomGenerator>
 #include <vector>
 

@@ -1,6 +1,6 @@
-#include "TestKit.h"
 #include "ReservationService.h"
 #include "RoomUse.h"
+#include "TestKit.h"
 #include "Together.h"
 #include "frmEditReservation.h"
 

@@ -1,5 +1,5 @@
-#include "TestKit.h"
 #include "ChargeEngine.h"
+#include "TestKit.h"
 
 namespace {
 // Day periods as "start-end:price:minimum:buyOutHours:buyOutPrice" separated by blanks.

@@ -1,5 +1,5 @@
-#include "TestKit.h"
 #include "PayLevel.h"
+#include "TestKit.h"
 #include "frmPayLevel.h"
 
 namespace {

@@ -1,8 +1,8 @@
-#include "TestKit.h"
 #include "BoardService.h"
 #include "Db.h"
 #include "RoomService.h"
 #include "RoomUse.h"
+#include "TestKit.h"
 #include "fExpense.h"
 #include <QtTest>
 

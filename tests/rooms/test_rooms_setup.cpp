@@ -1,5 +1,5 @@
-#include "TestKit.h"
 #include "RoomService.h"
+#include "TestKit.h"
 #include "frmHouse.h"
 #include "frmHouseAddBat.h"
 #include "frmHouseAssort.h"

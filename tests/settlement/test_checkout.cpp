@@ -1,6 +1,6 @@
-#include "TestKit.h"
 #include "CheckoutService.h"
 #include "StoredValueService.h"
+#include "TestKit.h"
 #include "Together.h"
 #include <atomic>
 

@@ -1,5 +1,5 @@
-#include "TestKit.h"
 #include "CheckoutModel.h"
+#include "TestKit.h"
 
 namespace {
 Money yuan(double v) {

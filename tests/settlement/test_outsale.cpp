@@ -1,5 +1,5 @@
-#include "TestKit.h"
 #include "OutSaleService.h"
+#include "TestKit.h"
 
 namespace {
 struct Line {

@@ -1,6 +1,6 @@
-#include "TestKit.h"
 #include "EmployeeService.h"
 #include "Money.h"
+#include "TestKit.h"
 #include "frmEmployee.h"
 #include "frmEmployeeList.h"
 

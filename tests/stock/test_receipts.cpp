@@ -1,8 +1,8 @@
-#include "TestKit.h"
 #include "OrderService.h"
+#include "StockRecords.h"
+#include "TestKit.h"
 #include "Together.h"
 #include "WareIn.h"
-#include "StockRecords.h"
 #include "frmWareIn.h"
 #include "frmWareLoss.h"
 

@@ -1,6 +1,6 @@
-#include "TestKit.h"
 #include "StockView.h"
 #include "SupplierService.h"
+#include "TestKit.h"
 #include "frmSupplier.h"
 #include "frmWarehouseNum.h"
 

@@ -1,10 +1,10 @@
-#include "TestKit.h"
 #include "Backup.h"
 #include "Db.h"
 #include "Gateway.h"
 #include "Log.h"
 #include "NextNo.h"
 #include "Schema.h"
+#include "TestKit.h"
 
 namespace {
 void setNow(const QDateTime& t) {
