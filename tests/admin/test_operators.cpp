@@ -1,26 +1,10 @@
-#include "AppState.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "Log.h"
 #include "LogService.h"
-#include "MessageBox.h"
 #include "OperatorService.h"
-#include "Password.h"
-#include "Settings.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmLog.h"
 #include "frmLogSetup.h"
 #include "frmOperator.h"
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 OperatorInput person(const QString& login, const QStringList& granted = {}) {

@@ -1,24 +1,14 @@
 #include "ChangeFeed.h"
 #include "CheckoutService.h"
-#include "DbProbe.h"
 #include "ExpenseLines.h"
-#include "FormProbe.h"
 #include "OrderService.h"
 #include "RoomBoard.h"
 #include "RoomUse.h"
-#include "Seed.h"
-#include "Settings.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmCloseHouse.h"
 #include "frmExpenseDetail.h"
 #include "frmMain.h"
 #include <QSignalSpy>
-#include <QStandardItemModel>
-#include <QTest>
-#include <QTimer>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 // Another till is a second connection to the same venue; this program learns of its writes
 // only through the change feed (the board's refresh timer is off throughout).

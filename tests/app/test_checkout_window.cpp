@@ -1,31 +1,8 @@
-#include "AppState.h"
-#include "Clock.h"
-#include "DbProbe.h"
-#include "Desktop.h"
-#include "FormProbe.h"
-#include "MessageBox.h"
-#include "ModalDriver.h"
-#include "Password.h"
 #include "PrintUi.h"
 #include "RoomBoard.h"
-#include "Seed.h"
-#include "Settings.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmCloseHouse.h"
 #include "frmMain.h"
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QDateTimeEdit>
-#include <QDir>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTest>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 // Room A01 on the starting tariff (120 an hour in the evening); beer, and cigarettes that

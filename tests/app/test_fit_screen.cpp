@@ -1,48 +1,36 @@
 // The till's windows on a 1366x768 screen at the scaling of the run (QT_SCALE_FACTOR 1, 1.25,
 // 1.5): each within the available screen, its amounts and its commit button in sight.
 #include "FocusStyle.h"
-#include "FormProbe.h"
-#include "MessageBox.h"
-#include "Password.h"
 #include "RoomBoard.h"
 #include "RoomUse.h"
 #include "ScreenFit.h"
-#include "Seed.h"
-#include "TestVenue.h"
+#include "StockRecords.h"
+#include "TestKit.h"
+#include "frmCheckForm.h"
 #include "frmChongzhi.h"
 #include "frmCloseHouse.h"
 #include "frmEditReservation.h"
 #include "frmEmployee.h"
-#include "frmReservation.h"
-#include "frmSupplier.h"
-#include "frmSupplierList.h"
-#include "frmWarehouseNum.h"
-#include "StockRecords.h"
-#include "frmCheckForm.h"
-#include "frmShouyinInfo.h"
-#include "frmWareIn.h"
-#include "frmWareLoss.h"
 #include "frmExpenseAmalgamate.h"
 #include "frmExpenseDetail.h"
-#include "frmOutSale.h"
 #include "frmHouseChange.h"
 #include "frmMain.h"
 #include "frmMember.h"
 #include "frmMemberList.h"
 #include "frmOpenHouse.h"
 #include "frmOption.h"
+#include "frmOutSale.h"
 #include "frmPayLevel.h"
+#include "frmReservation.h"
+#include "frmShouyinInfo.h"
+#include "frmSupplier.h"
+#include "frmSupplierList.h"
 #include "frmWare.h"
-#include <QApplication>
+#include "frmWareIn.h"
+#include "frmWareLoss.h"
+#include "frmWarehouseNum.h"
 #include <QFontDatabase>
 #include <QScreen>
-#include <QTemporaryDir>
-#include <QTest>
-#include <functional>
-#include <map>
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 // A room in use with its bill, a free one, a member with stored value; gives the bill.
@@ -73,6 +61,70 @@ template <class W, class F> Make dialog(F prepare) {
         return prepare(d, bill) ? d : nullptr;
     };
 }
+// The windows: a row name, the controls that must be in sight, and how the till makes the
+// window ready (nothing for the main window).
+struct Window {
+    const char* row;
+    const char* inSight;
+    Make make;
+};
+const QList<Window>& windows() {
+    // clang-format off
+    static const QList<Window> all = {
+        {"main", "lvwThisIcons lblOughtMoney", nullptr},
+        {"checkout", "OKButton txtExpenseMoney txtOughtMoney txtFactPay txtTemp",
+         dialog<frmCloseHouse>([](auto* d, auto& b) { d->prepare(b, false); return true; })},
+        {"deferred bills", "OKButton txtjzrInfo",
+         dialog<frmCloseHouse>([](auto* d, auto&) { d->prepare({}, true); return true; })},
+        {"order entry", "cmdAdd txtInput lblThisSum",
+         dialog<frmExpenseDetail>([](auto* d, auto& b) { d->Init(b); return true; })},
+        {"retail sale", "OKButton cmdAdd txtInput txtOughtMoney txtFactPay txtTemp",
+         dialog<frmOutSale>([](auto* d, auto&) { d->Init(); return true; })},
+        {"open", "OKButton",
+         dialog<frmOpenHouse>([](auto* d, auto&) { return d->prepare(u"r2"_s); })},
+        {"change", "OKButton",
+         dialog<frmHouseChange>([](auto* d, auto& b) { return d->prepare(b); })},
+        {"merge", "OKButton",
+         dialog<frmExpenseAmalgamate>([](auto* d, auto&) { d->prepare(); return true; })},
+        {"top-up", "OKButton",
+         dialog<frmChongzhi>([](auto* d, auto&) { d->prepare(u"M1"_s); return true; })},
+        {"member", "OKButton",
+         dialog<frmMember>([](auto* d, auto&) { d->startAdd(); return true; })},
+        {"members", "cmdClose",
+         dialog<frmMemberList>([](auto* d, auto&) { d->prepare(false); return true; })},
+        // The manager's windows as well.
+        {"options", "cmdClose",
+         dialog<frmOption>([](auto*, auto&) { return true; })},
+        {"tariff", "cmdOK",
+         dialog<frmPayLevel>([](auto* d, auto&) { d->prepare(u"00000000000000001"_s); return true; })},
+        {"goods", "cmdOK",
+         dialog<frmWare>([](auto* d, auto&) { d->startAdd(); return true; })},
+        {"employee", "cmdOK",
+         dialog<frmEmployee>([](auto* d, auto&) { d->startAdd(); return true; })},
+        {"reservations", "cmdClose",
+         dialog<frmReservation>([](auto* d, auto&) { d->LoadReservation(); return true; })},
+        {"reservation", "OKButton",
+         dialog<frmEditReservation>([](auto* d, auto&) { d->prepare(ReservationMode::Add, u"r2"_s, {}, true); return true; })},
+        {"suppliers", "cmdExit",
+         dialog<frmSupplierList>([](auto* d, auto&) { d->prepare(false); return true; })},
+        {"supplier", "OKButton",
+         dialog<frmSupplier>([](auto* d, auto&) { return d->prepare({}); })},
+        {"stock", "OKButton",
+         dialog<frmWarehouseNum>([](auto* d, auto&) { d->LoadData(); return true; })},
+        {"receipt", "OKButton cmdWareOut",
+         dialog<frmWareIn>([](auto* d, auto&) { d->prepare(); return true; })},
+        {"adjustment", "OKButton",
+         dialog<frmWareLoss>([](auto* d, auto&) { d->prepare(); return true; })},
+        {"receipts", "cmdClose cmdFind",
+         dialog<frmWareInList>([](auto* d, auto&) { d->prepare(0); return true; })},
+        {"reconciliation", "OKButton",
+         dialog<frmCheckForm>([](auto* d, auto&) { d->LoadData(); return true; })},
+        {"hand-overs", "cmdClose cmdFind",
+         dialog<frmShouyinInfo>([](auto*, auto&) { return true; })},
+    };
+    // clang-format on
+    return all;
+}
 } // namespace
 
 class TestFitScreen : public QObject {
@@ -83,103 +135,25 @@ class TestFitScreen : public QObject {
 };
 
 void TestFitScreen::windows_fit_data() {
-    QTest::addColumn<QString>("window");
-    QTest::addColumn<QString>("inSight");
-    QTest::newRow("main") << "frmMain"
-                          << "lvwThisIcons lblOughtMoney";
-    QTest::newRow("checkout") << "frmCloseHouse"
-                              << "OKButton txtExpenseMoney txtOughtMoney txtFactPay txtTemp";
-    QTest::newRow("deferred bills") << "frmCloseHouse-deferred"
-                                    << "OKButton txtjzrInfo";
-    QTest::newRow("order entry") << "frmExpenseDetail"
-                                 << "cmdAdd txtInput lblThisSum";
-    QTest::newRow("retail sale") << "frmOutSale"
-                                 << "OKButton cmdAdd txtInput txtOughtMoney txtFactPay txtTemp";
-    QTest::newRow("open") << "frmOpenHouse"
-                          << "OKButton";
-    QTest::newRow("change") << "frmHouseChange"
-                            << "OKButton";
-    QTest::newRow("merge") << "frmExpenseAmalgamate"
-                           << "OKButton";
-    QTest::newRow("top-up") << "frmChongzhi"
-                            << "OKButton";
-    QTest::newRow("member") << "frmMember"
-                            << "OKButton";
-    QTest::newRow("members") << "frmMemberList"
-                             << "cmdClose";
-    // The manager's windows as well.
-    QTest::newRow("options") << "frmOption"
-                             << "cmdClose";
-    QTest::newRow("tariff") << "frmPayLevel"
-                            << "cmdOK";
-    QTest::newRow("goods") << "frmWare"
-                           << "cmdOK";
-    QTest::newRow("employee") << "frmEmployee"
-                              << "cmdOK";
-    QTest::newRow("reservations") << "frmReservation"
-                                  << "cmdClose";
-    QTest::newRow("reservation") << "frmEditReservation"
-                                 << "OKButton";
-    QTest::newRow("suppliers") << "frmSupplierList"
-                               << "cmdExit";
-    QTest::newRow("supplier") << "frmSupplier"
-                              << "OKButton";
-    QTest::newRow("stock") << "frmWarehouseNum"
-                           << "OKButton";
-    QTest::newRow("receipt") << "frmWareIn"
-                             << "OKButton cmdWareOut";
-    QTest::newRow("adjustment") << "frmWareLoss"
-                                << "OKButton";
-    QTest::newRow("receipts") << "frmWareInList"
-                              << "cmdClose cmdFind";
-    QTest::newRow("reconciliation") << "frmCheckForm"
-                                    << "OKButton";
-    QTest::newRow("hand-overs") << "frmShouyinInfo"
-                                << "cmdClose cmdFind";
+    QTest::addColumn<int>("window");
+    for (int i = 0; i < windows().size(); ++i)
+        QTest::newRow(windows()[i].row) << i;
 }
 
 void TestFitScreen::windows_fit() {
-    QFETCH(QString, window);
-    QFETCH(QString, inSight);
+    QFETCH(int, window);
+    const Window& win = windows()[window];
     NEW_VENUE(v);
     const QString bill = addVenue();
-    // clang-format off
-    const std::map<QString, Make> make = {
-        {u"frmCloseHouse"_s, dialog<frmCloseHouse>([](auto* d, auto& b) { d->prepare(b, false); return true; })},
-        {u"frmCloseHouse-deferred"_s, dialog<frmCloseHouse>([](auto* d, auto&) { d->prepare({}, true); return true; })},
-        {u"frmExpenseDetail"_s, dialog<frmExpenseDetail>([](auto* d, auto& b) { d->Init(b); return true; })},
-        {u"frmOutSale"_s, dialog<frmOutSale>([](auto* d, auto&) { d->Init(); return true; })},
-        {u"frmOpenHouse"_s, dialog<frmOpenHouse>([](auto* d, auto&) { return d->prepare(u"r2"_s); })},
-        {u"frmHouseChange"_s, dialog<frmHouseChange>([](auto* d, auto& b) { return d->prepare(b); })},
-        {u"frmExpenseAmalgamate"_s, dialog<frmExpenseAmalgamate>([](auto* d, auto&) { d->prepare(); return true; })},
-        {u"frmChongzhi"_s, dialog<frmChongzhi>([](auto* d, auto&) { d->prepare(u"M1"_s); return true; })},
-        {u"frmMember"_s, dialog<frmMember>([](auto* d, auto&) { d->startAdd(); return true; })},
-        {u"frmMemberList"_s, dialog<frmMemberList>([](auto* d, auto&) { d->prepare(false); return true; })},
-        {u"frmOption"_s, dialog<frmOption>([](auto*, auto&) { return true; })},
-        {u"frmPayLevel"_s, dialog<frmPayLevel>([](auto* d, auto&) { d->prepare(u"00000000000000001"_s); return true; })},
-        {u"frmWare"_s, dialog<frmWare>([](auto* d, auto&) { d->startAdd(); return true; })},
-        {u"frmEmployee"_s, dialog<frmEmployee>([](auto* d, auto&) { d->startAdd(); return true; })},
-        {u"frmSupplierList"_s, dialog<frmSupplierList>([](auto* d, auto&) { d->prepare(false); return true; })},
-        {u"frmSupplier"_s, dialog<frmSupplier>([](auto* d, auto&) { return d->prepare({}); })},
-        {u"frmCheckForm"_s, dialog<frmCheckForm>([](auto* d, auto&) { d->LoadData(); return true; })},
-        {u"frmShouyinInfo"_s, dialog<frmShouyinInfo>([](auto*, auto&) { return true; })},
-        {u"frmWareIn"_s, dialog<frmWareIn>([](auto* d, auto&) { d->prepare(); return true; })},
-        {u"frmWareLoss"_s, dialog<frmWareLoss>([](auto* d, auto&) { d->prepare(); return true; })},
-        {u"frmWareInList"_s, dialog<frmWareInList>([](auto* d, auto&) { d->prepare(0); return true; })},
-        {u"frmWarehouseNum"_s, dialog<frmWarehouseNum>([](auto* d, auto&) { d->LoadData(); return true; })},
-        {u"frmReservation"_s, dialog<frmReservation>([](auto* d, auto&) { d->LoadReservation(); return true; })},
-        {u"frmEditReservation"_s, dialog<frmEditReservation>([](auto* d, auto&) { d->prepare(ReservationMode::Add, u"r2"_s, {}, true); return true; })},
-    };
-    // clang-format on
     frmMain main;
     std::unique_ptr<QWidget> w;
-    if (window == u"frmMain"_s) {
+    if (!win.make) {
         main.Init();
         main.showMaximized();
     } else {
         main.resize(600, 400);
         main.show();
-        w.reset(make.at(window)(&main, bill));
+        w.reset(win.make(&main, bill));
         QVERIFY(w);
         w->show();
     }
@@ -193,7 +167,7 @@ void TestFitScreen::windows_fit() {
     QString where;
     QDebug(&where) << shown->frameGeometry() << "on" << avail;
     QVERIFY2(avail.contains(shown->frameGeometry()), qPrintable(where));
-    for (const QString& name : inSight.split(u' ')) {
+    for (const QString& name : QString::fromLatin1(win.inSight).split(u' ')) {
         auto* c = shown->findChild<QWidget*>(name);
         QVERIFY2(c && ::inSight(c), qPrintable(name + u" out of sight"_s));
     }

@@ -1,20 +1,9 @@
-#include "AppState.h"
-#include "Columns.h"
-#include "FormProbe.h"
-#include "Ini.h"
 #include "MainCommands.h"
-#include "MessageBox.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmMain.h"
-#include <QDialog>
-#include <QTabWidget>
-#include <QTest>
 #include <QTextBrowser>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTimer>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 const QString NoRight = u"您没有操作此项业务的权限！"_s;

@@ -1,26 +1,8 @@
-#include "DbProbe.h"
-#include "FormProbe.h"
-#include "Ini.h"
-#include "MessageBox.h"
-#include "ModalDriver.h"
 #include "OrderPrinting.h"
 #include "RoomBoard.h"
-#include "Seed.h"
-#include "Settings.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmExpenseDetail.h"
 #include "frmMain.h"
-#include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTest>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 // Room A01; drinks and snacks, stock 10 each; one employee in service, one away.

@@ -1,23 +1,6 @@
-#include "AppState.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
-#include "MessageBox.h"
-#include "ModalDriver.h"
 #include "PrintUi.h"
-#include "Settings.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmMain.h"
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QDir>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTabWidget>
-#include <QTest>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 // Beer at 10, cigarettes at 20 and nuts at 8, each kept in stock.

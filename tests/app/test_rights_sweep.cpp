@@ -1,10 +1,7 @@
-#include "AppState.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "MainCommands.h"
 #include "OperatorService.h"
 #include "Puissance.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmChongzhiList.h"
 #include "frmCloseHouse.h"
 #include "frmEmployeeList.h"
@@ -19,12 +16,6 @@
 #include "frmSetupMember.h"
 #include "frmSupplierList.h"
 #include <QAbstractButton>
-#include <QPushButton>
-#include <QTest>
-#include <map>
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 const QString NoRight = u"您没有操作此项业务的权限！"_s;

@@ -1,13 +1,6 @@
-#include "Clock.h"
-#include "Columns.h"
-#include "Format.h"
 #include "Money.h"
 #include "NewID.h"
-#include "Password.h"
-#include "Val.h"
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "TestKit.h"
 
 class TestCore : public QObject {
     Q_OBJECT

@@ -1,16 +1,8 @@
 // The program keeps running: a database error on a read path is shown and the window goes
 // on; sign-in and the first-run help do what one press and one first start ask.
-#include "AppState.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "GuardedApplication.h"
-#include "Ini.h"
-#include "MessageBox.h"
-#include "ModalDriver.h"
 #include "RoomBoard.h"
-#include "Seed.h"
-#include "Settings.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "Venue.h"
 #include "frmHouse.h"
 #include "frmHouseChange.h"
@@ -19,19 +11,10 @@
 #include "frmOpenHouse.h"
 #include "frmOption.h"
 #include "frmPayLevel.h"
-#include <QAction>
 #include <QDockWidget>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QStandardItemModel>
-#include <QTest>
-#include <QTimer>
 #include <algorithm>
-#include <functional>
-#include <map>
 #include <string>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 // A02 free; A01 in use with its bill.
@@ -163,23 +146,6 @@ class TestKeepsRunning : public QObject {
         app->setOnError({});
         QCOMPARE(saved, 1);
         QCOMPARE(messages(), QStringList{u"Error 7 (磁盘已满) in procedure tmTest of Form frmMain"_s});
-    }
-
-    // One Enter after a wrong password: one attempt, one message, one log row.
-    void enterAfterWrongPassword() {
-        NEW_VENUE(v);
-        DB().close();
-        frmLogin dlg;
-        dlg.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        child<QLineEdit>(dlg, "txtUserName")->setText(u"admin"_s);
-        auto* pw = child<QLineEdit>(dlg, "txtPassword");
-        pw->setText(u"wrong"_s);
-        pw->setFocus();
-        QTest::keyClick(pw, Qt::Key_Return);
-        QCOMPARE(messages(), QStringList{u"无效的登录名或密码，请重试!"_s});
-        QCOMPARE(count(u"select count(*) from s_log where theContent=?"_s, {u"操作员admin登录系统失败！"_s}),
-                 1);
     }
 
     // With IsOpenHelp "N" and no IsTopRun the help shows at the first start only; each start

@@ -2,9 +2,6 @@
 // basic plane at a box's length limit. Every money, quantity and count box is in one table.
 #include "BusinessRules.h"
 #include "CheckoutModel.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "MemberClassService.h"
 #include "MemberService.h"
 #include "OrderEntry.h"
@@ -12,11 +9,8 @@
 #include "PayLevel.h"
 #include "RoomService.h"
 #include "RoomUse.h"
-#include "Seed.h"
-#include "Settings.h"
 #include "StoredValueService.h"
-#include "TestVenue.h"
-#include "Val.h"
+#include "TestKit.h"
 #include "WareLevel.h"
 #include "WareService.h"
 #include "frmChongzhi.h"
@@ -33,15 +27,7 @@
 #include "frmWare.h"
 #include "frmWareLevel.h"
 #include "frmWareType.h"
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTest>
-#include <QTimer>
 #include <cmath>
-#include <functional>
-#include <map>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 const QString TwentyNines = u"99999999999999999999"_s;

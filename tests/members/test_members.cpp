@@ -1,21 +1,11 @@
-#include "AppState.h"
-#include "Columns.h"
-#include "DbProbe.h"
 #include "Dialect.h"
-#include "FormProbe.h"
-#include "Format.h"
 #include "MemberClassService.h"
 #include "MemberService.h"
-#include "Password.h"
 #include "PasswordChange.h"
 #include "SignIn.h"
 #include "StoredValueService.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include <QImage>
-#include <QTemporaryFile>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 void addClass(const QString& id, const QString& name, double init, double step, double discount = 1) {

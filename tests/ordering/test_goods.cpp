@@ -1,15 +1,9 @@
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "Mnemonic.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "WareLevel.h"
 #include "WarePrice.h"
 #include "WareService.h"
 #include <QRegularExpression>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

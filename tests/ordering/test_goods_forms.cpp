@@ -1,20 +1,7 @@
-#include "AppState.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
-#include "MessageBox.h"
-#include "Settings.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmWare.h"
 #include "frmWareLevel.h"
 #include "frmWareType.h"
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 QLineEdit* box(QWidget& w, const char* name) {
@@ -98,25 +85,6 @@ class TestGoodsForms : public QObject {
         QCOMPARE(count(u"select count(*) from Ware"_s), 2);
     }
 
-    void editingAnArticle() {
-        NEW_VENUE(v);
-        addTypes();
-        DB().exec(u"insert into Ware (WareID, WareTypeID, WareName, Price, nownum) "
-                  "values ('w1', '02', '花生', 80000, 12)"_s);
-        frmWare dlg;
-        QVERIFY(dlg.startEdit(u"w1"_s));
-        showActive(dlg);
-        QCOMPARE(child<QComboBox>(dlg, "imgcmbWareType")->currentText(), u"小吃"_s);
-        QVERIFY(child<QCheckBox>(dlg, "chkClear")->isHidden());
-        // An empty stored mnemonic is made when its box is entered.
-        box(dlg, "txtMnemonics")->setFocus();
-        QCOMPARE(box(dlg, "txtMnemonics")->text(), u"hs"_s);
-        box(dlg, "txtPrice")->setText(u"10"_s);
-        press(dlg);
-        QCOMPARE(dlg.result(), int(QDialog::Accepted)); // editing closes
-        QCOMPARE(dump(u"select Price, Mnemonics from Ware where WareID='w1'"_s), u"100000|hs"_s);
-    }
-
     void wareTypeDialog() {
         NEW_VENUE(v);
         SetSetup(u"IsHC"_s, u"1"_s);
@@ -135,18 +103,6 @@ class TestGoodsForms : public QObject {
         press(dlg);
         QVERIFY(dlg.saved() && dlg.result() == QDialog::Accepted);
         QCOMPARE(count(u"select isDoDiscount + 10 * isHC + 100 * isNomember from WareType"_s), 11);
-
-        // The same key again: the dialog stays with the message.
-        frmWareType again;
-        again.startAdd();
-        showActive(again);
-        box(again, "txtWareTypeID")->setText(u"01"_s);
-        box(again, "txtWareTypeName")->setText(u"饮料"_s);
-        press(again);
-        const QStringList shown = messages();
-        QCOMPARE(shown.size(), 1);
-        QVERIFY(shown[0].startsWith(u"您输入的分类编号已存在，请重新输入！\n错误信息： "_s));
-        QVERIFY(!again.saved() && again.isVisible());
 
         frmWareType edit;
         QVERIFY(edit.startEdit(u"01"_s));

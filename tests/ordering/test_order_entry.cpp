@@ -1,16 +1,6 @@
-#include "AppState.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "OrderEntry.h"
 #include "RoomUse.h"
-#include "Seed.h"
-#include "Settings.h"
-#include "TestVenue.h"
-#include "Val.h"
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "TestKit.h"
 
 namespace {
 // Beer; a juice and a sausage sharing the mnemonic "dk" in either case (the juice first by

@@ -1,11 +1,5 @@
-#include "AppState.h"
-#include "Columns.h"
-#include "DbProbe.h"
 #include "EscPos.h"
-#include "FormProbe.h"
-#include "Ini.h"
 #include "MemberPrinting.h"
-#include "MessageBox.h"
 #include "OrderPrinting.h"
 #include "PrintQueue.h"
 #include "PrintUi.h"
@@ -13,31 +7,18 @@
 #include "ReceiptLayout.h"
 #include "ReceiptPainter.h"
 #include "RoomBoard.h"
-#include "Settings.h"
 #include "Slips.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmMain.h"
 #include "frmOpenHouse.h"
 #include "frmOption.h"
 #include "frmPrintQueue.h"
 #include "frmSeePrintType.h"
-#include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
 #include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProcess>
-#include <QPushButton>
 #include <QRawFont>
 #include <QStandardPaths>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTest>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 const QString Standard = u"00000000000000001"_s;
@@ -192,7 +173,6 @@ QString missingInOrder(const QString& text, const QStringList& parts) {
     }
     return {};
 }
-
 
 qint64 jobCount(const QString& condition = u"1=1"_s) {
     return count(u"select count(*) from PrintJob where "_s + condition);
@@ -618,6 +598,10 @@ class TestPrinting : public QObject {
         // A saved network printer is offered though the system does not know it.
         QCOMPARE(child<QComboBox>(&w, "cmbHC")->currentText(), u"tcp://10.0.0.9:9100"_s);
         QCOMPARE(child<QComboBox>(&w, "cmbPrinter")->currentText(), u"系统默认打印机"_s);
+        // The kitchen and bar lists hold only printers that can be named, so "no printer" is caught.
+        QCOMPARE(child<QComboBox>(&w, "cmbHC")->findData(QString()) +
+                     child<QComboBox>(&w, "cmbBT")->findData(QString()),
+                 -2);
 
         child<QLineEdit>(&w, "txtCompanyName")->setText(u"星澜KTV（O'Neil 店）"_s);
         child<QLineEdit>(&w, "txtEndBillNum")->setText(u"0"_s);

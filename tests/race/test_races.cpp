@@ -1,13 +1,7 @@
-#include "DbProbe.h"
 #include "RaceVenue.h"
-#include "TestVenue.h"
-#include <QProcess>
+#include "TestKit.h"
 #include <QRandomGenerator>
-#include <QTest>
-#include <memory>
 #include <vector>
-
-using namespace Qt::StringLiterals;
 
 // Several tills at once, as separate processes on one database: each scenario's rounds are
 // played by eight workers in shared time slots, then the outcomes and the data are checked.

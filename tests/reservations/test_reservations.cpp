@@ -1,15 +1,8 @@
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "ReservationService.h"
 #include "RoomUse.h"
-#include "Seed.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "Together.h"
 #include "frmEditReservation.h"
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 const QDateTime Now0 = TestVenue::fixedNow(); // 2026-11-21 20:00

@@ -1,9 +1,5 @@
 #include "ChargeEngine.h"
-#include "Columns.h"
-#include "Format.h"
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "TestKit.h"
 
 namespace {
 // Day periods as "start-end:price:minimum:buyOutHours:buyOutPrice" separated by blanks.

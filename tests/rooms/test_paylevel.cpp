@@ -1,18 +1,6 @@
-#include "AppState.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
-#include "MessageBox.h"
 #include "PayLevel.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmPayLevel.h"
-#include <QComboBox>
-#include <QLineEdit>
-#include <QRadioButton>
-#include <QTabWidget>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 PayLevelInput valid() {
@@ -64,19 +52,6 @@ class TestPayLevel : public QObject {
         if (what == u"price"_s) in.price[0] = u"贵"_s;
         const Refused r = PayLevelService::validate(in);
         QCOMPARE(refusal(r), refusal(message, field));
-    }
-
-    void periodChain() {
-        PeriodChain c;
-        QCOMPARE(c.choices(0).size(), 24);
-        QVERIFY(c.choices(1).isEmpty());
-        c.choose(0, 18);
-        QCOMPARE(c.choices(1), (QList<int>{19, 20, 21, 22, 23, 24}));
-        c.choose(1, 24);
-        QVERIFY(c.choices(2).isEmpty());
-        // Changing the first end clears the later ones.
-        c.choose(0, 12);
-        QCOMPARE((QList<int>{c.end[1], c.start[1]}), (QList<int>{0, 12}));
     }
 
     void saveLoadAndRowText() {

@@ -1,19 +1,10 @@
-#include "AppState.h"
 #include "BoardService.h"
-#include "Clock.h"
-#include "Columns.h"
 #include "Db.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
-#include "Format.h"
 #include "RoomService.h"
 #include "RoomUse.h"
-#include "Seed.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "fExpense.h"
 #include <QtTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 // A second, dearer fixed tariff: 100 an hour, counted by the hour.

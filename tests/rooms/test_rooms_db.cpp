@@ -1,15 +1,6 @@
-#include "Clock.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "Format.h"
-#include "MessageBox.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "fExpense.h"
 #include "fThe.h"
-#include <QTest>
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 const QString MissingTariff = u"没有找到相关的计费标准！请检查计费标准是否已被删除！"_s;
@@ -38,7 +29,7 @@ void addTariff(const QString& id, const QString& periods, int unit, int notOne) 
     DB().exec(u"insert into PayLevel ("_s + columns + u") values ("_s + marks + u')', values);
 }
 
-void addRoom(const QString& id, const QString& code, const QString& assortID = {}) {
+void addRoomRow(const QString& id, const QString& code, const QString& assortID = {}) {
     DB().exec(u"insert into The (TheID, TheCode, AssortID) values (?, ?, ?)"_s,
               {id, code, assortID.isEmpty() ? Param(nullptr) : Param(assortID)});
 }
@@ -86,9 +77,9 @@ class TestRoomsDb : public QObject {
         addTariff(u"B0"_s, u"0-24:80:0:0:200"_s, 60, 2);
         addTariff(u"Dec"_s, u"0-12:88.5 12-24:89.5"_s, 60, 1);
         DB().exec(u"insert into TheAssort (AssortID, AssortName, PayLevelID) values ('T1', '大包', 'A1')"_s);
-        addRoom(u"R1"_s, u"101"_s, u"T1"_s);
-        addRoom(u"R2"_s, u"O'Neil \\ 2"_s, u"T1"_s);
-        addRoom(u"R3"_s, u"099"_s);
+        addRoomRow(u"R1"_s, u"101"_s, u"T1"_s);
+        addRoomRow(u"R2"_s, u"O'Neil \\ 2"_s, u"T1"_s);
+        addRoomRow(u"R3"_s, u"099"_s);
     }
     void cleanupTestCase() { m_venue.reset(); }
 
@@ -142,7 +133,7 @@ class TestRoomsDb : public QObject {
     }
 
     void billQueries() {
-        addRoom(u"R9"_s, u"909"_s, u"T1"_s);
+        addRoomRow(u"R9"_s, u"909"_s, u"T1"_s);
         addBill(u"Q1"_s, u"R9"_s, u"AMin"_s, day(u"19:00"_s), 1);
         addBill(u"Q2"_s, u"R9"_s, u"A1"_s, day(u"09:00"_s), 1, false, {}, 1);
         addLines(u"Q2"_s, u"10.005 20 x7"_s, Money::fromText(u"2.5"_s));

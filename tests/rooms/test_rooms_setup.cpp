@@ -1,22 +1,8 @@
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
-#include "MessageBox.h"
 #include "RoomService.h"
-#include "Seed.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmHouse.h"
 #include "frmHouseAddBat.h"
 #include "frmHouseAssort.h"
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 int rooms() {
@@ -318,31 +304,6 @@ class TestRoomsSetup : public QObject {
         dlg.cmdOK_Click();
         QCOMPARE(codes(), (QStringList{u"101"_s, u"102"_s}));
         QCOMPARE(count(u"select count(*) from The where AssortID='t2'"_s), 2);
-    }
-
-    void roomDialogEdits() {
-        NEW_VENUE(v);
-        addRoomType(u"t1"_s, u"小包"_s);
-        addRoomType(u"t2"_s, u"大包"_s);
-        addRoom(u"r1"_s, u"101"_s, u"t1"_s);
-        frmHouse dlg;
-        QVERIFY(dlg.startEdit(u"r1"_s));
-        showActive(dlg);
-        QVERIFY(!child<QCheckBox>(dlg, "chkClear")->isVisible());
-        QCOMPARE(child<QComboBox>(dlg, "imgcmbAssort")->currentData().toString(), u"t1"_s);
-        child<QLineEdit>(dlg, "txtHouseCode")->clear();
-        dlg.cmdOK_Click();
-        QCOMPARE(messages(), QStringList{u"请输入手牌编号！"_s});
-        QCOMPARE(focused(), u"txtHouseCode"_s);
-        child<QLineEdit>(dlg, "txtHouseCode")->setText(u"V01"_s);
-        pick(child<QComboBox>(dlg, "imgcmbAssort"), u"t2"_s);
-        dlg.cmdOK_Click();
-        QCOMPARE(dlg.result(), int(QDialog::Accepted));
-        QCOMPARE(dump(u"select TheID, TheCode, AssortID from The"_s), u"r1|V01|t2"_s);
-
-        frmHouse missing;
-        QVERIFY(!missing.startEdit(u"gone"_s));
-        QCOMPARE(messages(), QStringList{RoomText::roomGone()});
     }
 
     void batchDialog() {

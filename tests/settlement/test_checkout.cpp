@@ -1,18 +1,8 @@
-#include "AppState.h"
 #include "CheckoutService.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "Format.h"
-#include "MoneyCompare.h"
-#include "Seed.h"
 #include "StoredValueService.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "Together.h"
-#include "Val.h"
-#include <QTest>
 #include <atomic>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 Money yuan(double v) {

@@ -1,10 +1,5 @@
 #include "CheckoutModel.h"
-#include "Columns.h"
-#include "MoneyCompare.h"
-#include "Val.h"
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "TestKit.h"
 
 namespace {
 Money yuan(double v) {

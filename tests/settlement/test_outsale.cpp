@@ -1,11 +1,5 @@
-#include "AppState.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "OutSaleService.h"
-#include "TestVenue.h"
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "TestKit.h"
 
 namespace {
 struct Line {

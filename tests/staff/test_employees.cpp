@@ -1,22 +1,8 @@
-#include "AppState.h"
-#include "Columns.h"
-#include "DbProbe.h"
 #include "EmployeeService.h"
-#include "FormProbe.h"
-#include "ListColumns.h"
-#include "ModalDriver.h"
 #include "Money.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmEmployee.h"
 #include "frmEmployeeList.h"
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTemporaryFile>
-#include <QTest>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 EmployeeInput person(const QString& code, const QString& name) {
@@ -24,14 +10,6 @@ EmployeeInput person(const QString& code, const QString& name) {
     in.code = code;
     in.name = name;
     return in;
-}
-
-QStringList column(QTreeWidget* list, const QString& colname) {
-    QStringList out;
-    const int c = ListColumn(list, colname);
-    for (int i = 0; i < list->topLevelItemCount(); ++i)
-        out << list->topLevelItem(i)->text(c);
-    return out;
 }
 } // namespace
 
@@ -156,21 +134,6 @@ class TestEmployees : public QObject {
         w.cmdSelect_Click();
         QVERIFY(!id.isEmpty());
         QCOMPARE(count(u"select count(*) from Employee where EmployeeID=?"_s, {id}), 1);
-    }
-
-    void changes_need_their_right() {
-        NEW_VENUE(v);
-        DB().exec(u"insert into Operator (OperatorID, LoginName, operatorname, State) values "
-                  "('o1', 'c', '收银员', 0)"_s);
-        App().CurrentOperatorID = u"o1"_s;
-        QVERIFY(EmployeeService().save({}, person(u"E1"_s, u"张三"_s), {}).ok());
-        frmEmployeeList w;
-        w.prepare(false);
-        auto* list = child<QTreeWidget>(w, "lvwThis");
-        list->setCurrentItem(list->topLevelItem(0));
-        w.cmdDel_Click();
-        QCOMPARE(messages().size(), 1);
-        QCOMPARE(count(u"select count(*) from Employee"_s), 1);
     }
 };
 

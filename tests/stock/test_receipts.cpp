@@ -1,20 +1,10 @@
-#include "AppState.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "OrderService.h"
-#include "Seed.h"
-#include "TestVenue.h"
+#include "StockRecords.h"
+#include "TestKit.h"
 #include "Together.h"
 #include "WareIn.h"
-#include "StockRecords.h"
 #include "frmWareIn.h"
-#include <QTabWidget>
 #include "frmWareLoss.h"
-#include <QTest>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 void goods(double nownum, double cost) {

@@ -1,15 +1,8 @@
-#include "Columns.h"
-#include "DbProbe.h"
-#include "FormProbe.h"
 #include "StockView.h"
 #include "SupplierService.h"
-#include "TestVenue.h"
+#include "TestKit.h"
 #include "frmSupplier.h"
 #include "frmWarehouseNum.h"
-#include <QTest>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 class TestStock : public QObject {
     Q_OBJECT

@@ -1,21 +1,10 @@
-#include "AppState.h"
 #include "Backup.h"
-#include "Clock.h"
-#include "Columns.h"
 #include "Db.h"
-#include "DbProbe.h"
 #include "Gateway.h"
-#include "Ini.h"
 #include "Log.h"
 #include "NextNo.h"
 #include "Schema.h"
-#include "Settings.h"
-#include "TestVenue.h"
-#include <QDir>
-#include <QFile>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
+#include "TestKit.h"
 
 namespace {
 void setNow(const QDateTime& t) {

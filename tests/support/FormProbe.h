@@ -1,4 +1,5 @@
 #pragma once
+#include "ListColumns.h"
 #include "Refusal.h"
 #include <QAbstractButton>
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QObject>
 #include <QStringList>
 #include <QTest>
+#include <QTreeWidget>
 #include <QtGlobal>
 #include <initializer_list>
 
@@ -74,4 +76,26 @@ inline void look(QWidget& w, const QString& name) {
     if (dir.isEmpty()) return;
     QDir().mkpath(dir);
     w.grab().save(QDir(dir).filePath(name + QStringLiteral(".png")));
+}
+
+// The texts a list shows under the column of a field, row by row.
+inline QStringList column(const QTreeWidget* list, const QString& field) {
+    QStringList out;
+    const int c = ListColumn(list, field);
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        out << list->topLevelItem(i)->text(c);
+    return out;
+}
+// The keys of a list's rows, as ShowList stores them.
+inline QStringList keys(const QTreeWidget* list) {
+    QStringList out;
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        out << list->topLevelItem(i)->data(0, Qt::UserRole).toString();
+    return out;
+}
+// Makes the row showing `text` under the column of `field` the current one.
+inline void selectRow(QTreeWidget* list, const QString& field, const QString& text) {
+    const QList<QTreeWidgetItem*> found = list->findItems(text, Qt::MatchExactly, ListColumn(list, field));
+    QVERIFY(!found.isEmpty());
+    list->setCurrentItem(found.first());
 }

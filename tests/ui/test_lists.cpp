@@ -1,35 +1,16 @@
 #include "AutoInput.h"
 #include "CheckoutService.h"
-#include "EmployeeService.h"
-#include "Reconcile.h"
-#include "StockRecords.h"
-#include "SupplierService.h"
-#include "Columns.h"
-#include "DbProbe.h"
-#include "Desktop.h"
 #include "Dialect.h"
-#include "FormProbe.h"
-#include "ListColumns.h"
+#include "EmployeeService.h"
 #include "ListExport.h"
 #include "ListSort.h"
-#include "MessageBox.h"
+#include "Reconcile.h"
 #include "Schema.h"
-#include "TestVenue.h"
+#include "StockRecords.h"
+#include "SupplierService.h"
+#include "TestKit.h"
 #include "frmQNDisplayCase.h"
-#include <QApplication>
-#include <QComboBox>
-#include <QDir>
-#include <QFileInfo>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QProcess>
-#include <QPushButton>
 #include <QStandardPaths>
-#include <QTest>
-#include <QTimer>
-#include <QTreeWidget>
-
-using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(QList<ListColumnDef>)
 
@@ -385,19 +366,10 @@ class TestLists : public QObject {
     void columnDialogOpensModal() {
         NEW_VENUE(v);
         QVERIFY(!SaveListColumns(u"modal"_s, {col(u"a"_s, u"甲"_s), col(u"b"_s, u"乙"_s)}));
-        QTimer::singleShot(0, this, [] {
-            auto* dlg = qobject_cast<frmQNDisplayCase*>(QApplication::activeModalWidget());
-            if (!dlg) return;
-            QTest::mouseClick(child<QPushButton>(*dlg, "cmdDown"), Qt::LeftButton);
-            QTest::mouseClick(child<QPushButton>(*dlg, "OKButton"), Qt::LeftButton);
+        onModal(u"frmQNDisplayCase"_s, [](QDialog* d) {
+            QTest::mouseClick(child<QPushButton>(d, "cmdDown"), Qt::LeftButton);
+            QTest::mouseClick(child<QPushButton>(d, "OKButton"), Qt::LeftButton);
         });
-        // The way out should the dialog not answer.
-        QTimer guard;
-        guard.setSingleShot(true);
-        connect(&guard, &QTimer::timeout, this, [] {
-            if (QWidget* w = QApplication::activeModalWidget()) w->close();
-        });
-        guard.start(5000);
         QVERIFY(frmQNDisplayCase::ShowSetup(u"modal"_s));
         QCOMPARE(LoadListColumns(u"modal"_s).first().colname, u"b"_s);
     }

@@ -1,0 +1,49 @@
+#pragma once
+// What the tests share: the venue fixture, the probes of the database and the forms, the
+// columns of data-driven tests, the modal driver, and the Qt classes they drive.
+#include "AppState.h"
+#include "Clock.h"
+#include "Columns.h"
+#include "DbProbe.h"
+#include "Desktop.h"
+#include "FormProbe.h"
+#include "Format.h"
+#include "Ini.h"
+#include "ListColumns.h"
+#include "MessageBox.h"
+#include "ModalDriver.h"
+#include "MoneyCompare.h"
+#include "Password.h"
+#include "Seed.h"
+#include "Settings.h"
+#include "TestVenue.h"
+#include "Val.h"
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QDateTimeEdit>
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QProcess>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStandardItemModel>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+#include <functional>
+#include <map>
+#include <memory>
+
+using namespace Qt::StringLiterals;
