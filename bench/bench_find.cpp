@@ -14,42 +14,8 @@
 #include <QApplication>
 #include <QDateTimeEdit>
 #include <QTreeView>
-#include <sqlite3.h>
 
 namespace {
-// Every row of `sql` with its values bound, each column read as the type it holds.
-int bare(sqlite3* db, const QString& sql, const QStringList& params) {
-    sqlite3_stmt* st = nullptr;
-    if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &st, nullptr) != SQLITE_OK) {
-        std::fprintf(stderr, "%s\n", sqlite3_errmsg(db));
-        return -1;
-    }
-    QList<QByteArray> texts;
-    for (const QString& p : params)
-        texts << p.toUtf8();
-    for (int i = 0; i < texts.size(); ++i)
-        sqlite3_bind_text(st, i + 1, texts[i].constData(), int(texts[i].size()), SQLITE_STATIC);
-    int rows = 0;
-    qint64 sink = 0;
-    const int cols = sqlite3_column_count(st);
-    while (sqlite3_step(st) == SQLITE_ROW) {
-        for (int c = 0; c < cols; ++c) {
-            switch (sqlite3_column_type(st, c)) {
-            case SQLITE_INTEGER: sink += sqlite3_column_int64(st, c); break;
-            case SQLITE_FLOAT: sink += qint64(sqlite3_column_double(st, c)); break;
-            case SQLITE_TEXT:
-                sqlite3_column_text(st, c);
-                sink += sqlite3_column_bytes(st, c);
-                break;
-            default: break;
-            }
-        }
-        ++rows;
-    }
-    sqlite3_finalize(st);
-    return sink < 0 ? -1 : rows;
-}
-
 struct Read {
     const char* name;
     std::function<Rows(Db&)> run;
@@ -100,7 +66,7 @@ int main(int argc, char** argv) {
         else
             params << TimeText(monthStart) << TimeText(monthEnd);
         int bareRows = 0;
-        const double plain = MedianMs(runs, [&] { bareRows = bare(raw, sql, params); });
+        const double plain = MedianMs(runs, [&] { bareRows = BareRows(raw, sql, params); });
         if (bareRows != rows) {
             std::fprintf(stderr, "%s: %d rows bare, %d in the program\n", r.name, bareRows, rows);
             ok = false;

@@ -8,8 +8,13 @@
 #include "ReportQuery.h"
 #include "Venue.h"
 #include "frmFind.h"
+#include "frmBusReorder.h"
+#include "frmChart.h"
+#include "frmFindIncome.h"
+#include <QComboBox>
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDateTimeEdit>
 #include <QDir>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -26,7 +31,10 @@ void save(QWidget* w, const QString& name) {
     std::printf("%s %dx%d\n", qPrintable(path), w->width(), w->height());
 }
 template <class W> void search(W& w) {
-    w.cmdFind_Click();
+    if constexpr (requires { w.LoadExpense(); })
+        w.LoadExpense();
+    else
+        w.cmdFind_Click();
     w.query().wait();
     QApplication::processEvents();
 }
@@ -60,6 +68,37 @@ int main(int argc, char** argv) {
     auto* sales = find.findChild<QTreeView*>(QStringLiteral("lvwOutSale"));
     sales->setCurrentIndex(sales->model()->index(0, 0));
     save(&find, QStringLiteral("frmFind-sales"));
+
+    frmFindIncome income;
+    income.findChild<QRadioButton*>(QStringLiteral("optDay1"))->click();
+    search(income);
+    save(&income, QStringLiteral("frmFindIncome"));
+
+    frmBusReorder reorder;
+    reorder.findChild<QRadioButton*>(QStringLiteral("optDay2"))->click();
+    search(reorder);
+    save(&reorder, QStringLiteral("frmBusReorder"));
+    reorder.findChild<QRadioButton*>(QStringLiteral("optType1"))->setChecked(true);
+    search(reorder);
+    save(&reorder, QStringLiteral("frmBusReorder-types"));
+    reorder.findChild<QTabWidget*>(QStringLiteral("ctabThis"))->setCurrentIndex(1);
+    search(reorder);
+    save(&reorder, QStringLiteral("frmBusReorder-employees"));
+
+    frmChart chart;
+    chart.findChild<QRadioButton*>(QStringLiteral("optDay2"))->click();
+    search(chart);
+    save(&chart, QStringLiteral("frmChart-day"));
+    const QDateTime now = Now();
+    chart.findChild<QDateTimeEdit*>(QStringLiteral("dtpStart"))->setDateTime(QDateTime(QDate(now.date().year(), 1, 1), QTime(0, 0)));
+    chart.findChild<QRadioButton*>(QStringLiteral("optType1"))->setChecked(true);
+    search(chart);
+    save(&chart, QStringLiteral("frmChart-week"));
+    chart.findChild<QRadioButton*>(QStringLiteral("optType2"))->setChecked(true);
+    search(chart);
+    save(&chart, QStringLiteral("frmChart-month"));
+    chart.findChild<QTabWidget*>(QStringLiteral("C1Tab1"))->setCurrentIndex(1);
+    save(&chart, QStringLiteral("frmChart-list"));
     DB().close();
     return 0;
 }

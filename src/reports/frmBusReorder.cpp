@@ -5,6 +5,7 @@
 #include "ListColumns.h"
 #include "ListExport.h"
 #include "ListSort.h"
+#include "RowsList.h"
 #include "MessageBox.h"
 #include "ReportQuery.h"
 #include "ScreenFit.h"
@@ -21,8 +22,13 @@ frmBusReorder::frmBusReorder(QWidget* parent) : QDialog(parent), ui(std::make_un
     m_query = new ReportQuery(ui->cmdFind, ui->prgFind, this);
     m_period = {{ui->optDay0, ui->optDay1, ui->optDay2}, ui->dtpStart, ui->dtpEnd};
     m_period.install(this);
-    SortListOnHeaderClick(ui->lvwWare);
-    SortListOnHeaderClick(ui->lvwSteward);
+    // Numbers stand right, padded to eight places.
+    for (QTreeView* list : {ui->lvwWare, ui->lvwSteward}) {
+        auto* model = new RowsModel(list);
+        model->setPadded({QStringLiteral("Num"), QStringLiteral("OughtMoney"), QStringLiteral("TiChengMoney")});
+        list->setModel(model);
+        SortListOnHeaderClick(list);
+    }
     try {
         FillEmployeeCombo(ui->cmbSteward);
     } catch (const DbError& e) {
@@ -51,11 +57,11 @@ void frmBusReorder::cmdFind_Click() {
     const bool steward = ui->ctabThis->currentWidget() == ui->steward;
     const RankBy by = ui->optType1->isChecked() ? RankBy::GoodsType : RankBy::Goods;
     const QString employee = ui->cmbSteward->currentText();
-    QTreeWidget* list = steward ? ui->lvwSteward : ui->lvwWare;
+    QTreeView* list = steward ? ui->lvwSteward : ui->lvwWare;
     const QString name = steward ? QStringLiteral("frmBusReorder.lvwSteward")
                          : by == RankBy::GoodsType ? QStringLiteral("frmBusReorder.lvwWareType")
                                                    : QStringLiteral("frmBusReorder.lvwWare");
-    list->clear();
+    showRanking(list, name, Rows());
     ui->txtSumOughtMoney->clear();
     ui->txtSumTiChengMoney->clear();
     auto rows = std::make_shared<Rows>();
@@ -73,20 +79,10 @@ void frmBusReorder::cmdFind_Click() {
         [this](const DbError& e) { Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form)); });
 }
 
-void frmBusReorder::showRanking(QTreeWidget* list, const QString& name, const Rows& rows) {
+void frmBusReorder::showRanking(QTreeView* list, const QString& name, const Rows& rows) {
     try {
-        ShowListInQueryOrder(list, name, rows, true);
+        ShowRowsInQueryOrder(list, name, rows, false);
     } catch (const DbError& e) {
-        return Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form));
-    }
-    // Numbers stand right, padded to eight places.
-    for (const char* field : {"Num", "OughtMoney", "TiChengMoney"}) {
-        const int c = ListColumn(list, QLatin1String(field));
-        if (c < 0) continue;
-        for (int i = 0; i < list->topLevelItemCount(); ++i) {
-            QTreeWidgetItem* it = list->topLevelItem(i);
-            it->setText(c, FormatText(it->text(c), QStringLiteral("@@@@@@@@")));
-            it->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
-        }
+        Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form));
     }
 }

@@ -6,7 +6,7 @@
 namespace Ui {
 class frmBusReorder;
 }
-class QTreeWidget;
+class QTreeView;
 class ReportQuery;
 
 // "销售排行": what sold best over a period, by goods or goods type, and by the employee
@@ -24,7 +24,7 @@ class frmBusReorder : public QDialog {
     ReportQuery& query() const { return *m_query; }
 
   private:
-    void showRanking(QTreeWidget* list, const QString& name, const Rows& rows);
+    void showRanking(QTreeView* list, const QString& name, const Rows& rows);
 
     std::unique_ptr<Ui::frmBusReorder> ui;
     ReportQuery* m_query;

@@ -85,34 +85,30 @@ void frmFind::cmdFind_Click() {
     }
     const QDateTime start = ui->dtpStart->dateTime(), end = ui->dtpEnd->dateTime();
     const VoucherChoice choice = ChoiceOf(ui->lstState);
-    auto bills = std::make_shared<Rows>();
-    auto sales = std::make_shared<Rows>();
+    // The lists' columns, order and sums are made ready off the window's thread too.
+    struct Result {
+        PreparedRows bills, sales;
+        FindTotals totals;
+    };
+    auto result = std::make_shared<Result>();
     auto stage = std::make_shared<QString>(QStringLiteral("LoadExpense"));
     m_query->run(
         [=](Db& db) {
             const FindService s(db);
-            *bills = s.bills(start, end, choice);
+            const Rows bills = s.bills(start, end, choice);
+            result->bills = PrepareRows(QStringLiteral("frmFind.lvwExpense"), bills, db);
             *stage = QStringLiteral("LoadOutsale");
-            *sales = s.sales(start, end);
+            const Rows sales = s.sales(start, end);
+            result->sales = PrepareRows(QStringLiteral("frmFind.lvwOutSale"), sales, db);
+            result->totals = FindService::totals(bills, sales);
         },
-        [this, bills, sales] { showResults(*bills, *sales); },
+        [this, result] {
+            ShowPreparedRows(ui->lvwExpense, result->bills, true);
+            m_bills = result->bills.rows;
+            ShowPreparedRows(ui->lvwOutSale, result->sales, true);
+            showTotals(result->totals);
+        },
         [this, stage](const DbError& e) { Msg::critical(this, e.message(*stage, Form)); });
-}
-
-void frmFind::showResults(const Rows& bills, const Rows& sales) {
-    try {
-        ShowRows(ui->lvwExpense, QStringLiteral("frmFind.lvwExpense"), bills, true);
-        m_bills = bills;
-    } catch (const DbError& e) {
-        Msg::critical(this, e.message(QStringLiteral("LoadExpense"), Form));
-        return;
-    }
-    try {
-        ShowRows(ui->lvwOutSale, QStringLiteral("frmFind.lvwOutSale"), sales, true);
-    } catch (const DbError& e) {
-        Msg::critical(this, e.message(QStringLiteral("LoadOutsale"), Form));
-    }
-    showTotals(FindService::totals(bills, sales));
 }
 
 void frmFind::showTotals(const FindTotals& t) {

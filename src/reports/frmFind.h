@@ -30,7 +30,6 @@ class frmFind : public QDialog {
 
   private:
     void clearTotals();
-    void showResults(const Rows& bills, const Rows& sales);
     void showTotals(const FindTotals& t);
     void LoadDetail();
     void LoadDataOutsaleDetail();

@@ -61,26 +61,26 @@ void frmFindIncome::cmdFind_Click() {
     }
     const QDateTime start = ui->dtpStart->dateTime(), end = ui->dtpEnd->dateTime();
     const VoucherChoice choice = ChoiceOf(ui->lstState);
-    auto bills = std::make_shared<Rows>();
-    auto sales = std::make_shared<Rows>();
+    struct Result {
+        PreparedRows bills, sales;
+        IncomeTotals totals;
+    };
+    auto result = std::make_shared<Result>();
     m_query->run(
         [=](Db& db) {
             const IncomeService s(db);
-            *bills = s.bills(start, end, choice);
-            *sales = s.sales(start, end);
+            const Rows bills = s.bills(start, end, choice);
+            const Rows sales = s.sales(start, end);
+            result->bills = PrepareRows(QStringLiteral("frmFindIncome.lvwExpense"), bills, db);
+            result->sales = PrepareRows(QStringLiteral("frmFindIncome.lvwOutSale"), sales, db);
+            result->totals = IncomeService::totals(bills, sales);
         },
-        [this, bills, sales] { showResults(*bills, *sales); },
+        [this, result] {
+            ShowPreparedRows(ui->lvwExpense, result->bills, true);
+            ShowPreparedRows(ui->lvwOutSale, result->sales, true);
+            showTotals(result->totals);
+        },
         [this](const DbError& e) { Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form)); });
-}
-
-void frmFindIncome::showResults(const Rows& bills, const Rows& sales) {
-    try {
-        ShowRows(ui->lvwExpense, QStringLiteral("frmFindIncome.lvwExpense"), bills, true);
-        ShowRows(ui->lvwOutSale, QStringLiteral("frmFindIncome.lvwOutSale"), sales, true);
-    } catch (const DbError& e) {
-        return Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form));
-    }
-    showTotals(IncomeService::totals(bills, sales));
 }
 
 void frmFindIncome::showTotals(const IncomeTotals& t) {

@@ -22,7 +22,6 @@ class frmFindIncome : public QDialog {
     ReportQuery& query() const { return *m_query; }
 
   private:
-    void showResults(const Rows& bills, const Rows& sales);
     void showTotals(const IncomeTotals& t);
 
     std::unique_ptr<Ui::frmFindIncome> ui;

@@ -11,6 +11,10 @@ constexpr const char* SortOrder = "singboxSortOrder";
 
 void SortListBy(QTreeView* list, int column, Qt::SortOrder order) {
     if (list->model()) list->model()->sort(column, order);
+    MarkListSorted(list, column, order);
+}
+
+void MarkListSorted(QTreeView* list, int column, Qt::SortOrder order) {
     list->header()->setSortIndicatorShown(true);
     list->header()->setSortIndicator(column, order);
     list->setProperty(SortColumn, column);

@@ -10,6 +10,9 @@ void SortList(QTreeView* list, int column);
 // Sorts a list by a column in an order and shows that on the header.
 void SortListBy(QTreeView* list, int column, Qt::SortOrder order);
 
+// Shows on the header that a list is sorted so, without sorting it (it came in that order).
+void MarkListSorted(QTreeView* list, int column, Qt::SortOrder order);
+
 // Forgets the sort of a list: no indicator, and the next click sorts ascending.
 void ClearListSort(QTreeView* list);
 

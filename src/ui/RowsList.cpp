@@ -1,4 +1,5 @@
 #include "RowsList.h"
+#include "Format.h"
 #include "ListSort.h"
 #include <QHeaderView>
 #include <QTreeView>
@@ -6,19 +7,31 @@
 #include <numeric>
 
 void RowsModel::reset(const QList<ListColumnDef>& shown, const Rows& rows, bool keyed) {
-    beginResetModel();
-    m_columns = shown;
-    m_rows = rows;
-    m_keyed = keyed;
-    m_source.clear();
+    std::vector<int> order(size_t(rows.count()));
+    std::iota(order.begin(), order.end(), 0);
+    reset(shown, rows, keyed, std::move(order));
+}
+
+namespace {
+QList<int> sourcesOf(const QList<ListColumnDef>& shown, const Rows& rows) {
+    QList<int> out;
     const QStringList fields = rows.columns();
     for (const ListColumnDef& c : shown) {
         const bool has = std::any_of(fields.begin(), fields.end(),
                                      [&](const QString& f) { return f.compare(c.colname, Qt::CaseInsensitive) == 0; });
-        m_source << (has ? rows.column(c.colname) : -1);
+        out << (has ? rows.column(c.colname) : -1);
     }
-    m_order.resize(size_t(rows.count()));
-    std::iota(m_order.begin(), m_order.end(), 0);
+    return out;
+}
+} // namespace
+
+void RowsModel::reset(const QList<ListColumnDef>& shown, const Rows& rows, bool keyed, std::vector<int> order) {
+    beginResetModel();
+    m_columns = shown;
+    m_rows = rows;
+    m_keyed = keyed;
+    m_source = sourcesOf(shown, rows);
+    m_order = std::move(order);
     endResetModel();
 }
 
@@ -30,16 +43,42 @@ int RowsModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : int(m_columns.size());
 }
 
-QString RowsModel::text(int record, int column) const {
-    const int field = m_source[column];
+QString RowsModel::text(const QList<ListColumnDef>& columns, const QList<int>& source, const Rows& rows, int record,
+                        int column) {
+    const int field = source[column];
     if (field < 0) return {};
-    return FormatShowValue(m_columns[column].showValue, m_rows.at(record, field));
+    return FormatShowValue(columns[column].showValue, rows.at(record, field));
+}
+
+QString RowsModel::text(int record, int column) const {
+    const QString t = text(m_columns, m_source, m_rows, record, column);
+    return padded(column) ? FormatText(t, QStringLiteral("@@@@@@@@")) : t;
+}
+
+bool RowsModel::padded(int column) const {
+    return m_padded.contains(m_columns[column].colname, Qt::CaseInsensitive);
+}
+
+std::vector<int> RowsModel::sortedOrder(const QList<ListColumnDef>& shown, const Rows& rows, int column,
+                                        Qt::SortOrder order) {
+    std::vector<int> out(size_t(rows.count()));
+    std::iota(out.begin(), out.end(), 0);
+    if (column < 0 || column >= shown.size()) return out;
+    const QList<int> source = sourcesOf(shown, rows);
+    std::vector<QString> keys(out.size());
+    for (int r = 0; r < rows.count(); ++r)
+        keys[size_t(r)] = text(shown, source, rows, r, column);
+    std::stable_sort(out.begin(), out.end(), [&](int a, int b) {
+        return order == Qt::AscendingOrder ? keys[size_t(a)] < keys[size_t(b)] : keys[size_t(b)] < keys[size_t(a)];
+    });
+    return out;
 }
 
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= rowCount()) return {};
     const int record = m_order[size_t(index.row())];
     if (role == Qt::DisplayRole) return text(record, index.column());
+    if (role == Qt::TextAlignmentRole && padded(index.column())) return int(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::UserRole && index.column() == 0 && m_keyed) {
         const int field = m_source[0];
         return QString(QStringLiteral("k") + (field < 0 ? QString() : ListPlainText(m_rows.at(record, field))));
@@ -63,6 +102,7 @@ void RowsModel::sort(int column, Qt::SortOrder order) {
     std::vector<QString> keys(size_t(m_rows.count()));
     for (int r = 0; r < m_rows.count(); ++r)
         keys[size_t(r)] = text(r, column);
+    // From the order shown, so that equal texts keep it.
     std::stable_sort(m_order.begin(), m_order.end(), [&](int a, int b) {
         return order == Qt::AscendingOrder ? keys[size_t(a)] < keys[size_t(b)] : keys[size_t(b)] < keys[size_t(a)];
     });
@@ -91,6 +131,24 @@ void ShowRows(QTreeView* view, const QString& name, const Rows& rows, bool keyed
 void ShowRowsInQueryOrder(QTreeView* view, const QString& name, const Rows& rows, bool keyed, Db& db) {
     fill(view, name, rows, keyed, db);
     ClearListSort(view);
+}
+
+PreparedRows PrepareRows(const QString& name, const Rows& rows, Db& db) {
+    PreparedRows p{ShownListColumns(name, rows, db), rows, {}};
+    p.order = RowsModel::sortedOrder(p.shown, rows, 0, Qt::AscendingOrder);
+    return p;
+}
+
+void ShowPreparedRows(QTreeView* view, const PreparedRows& prepared, bool keyed) {
+    auto* model = qobject_cast<RowsModel*>(view->model());
+    if (!model) {
+        model = new RowsModel(view);
+        view->setModel(model);
+    }
+    model->reset(prepared.shown, prepared.rows, keyed, prepared.order);
+    view->setUniformRowHeights(true);
+    SizeListColumns(view, prepared.shown);
+    if (!prepared.shown.isEmpty()) MarkListSorted(view, 0, Qt::AscendingOrder);
 }
 
 QString CurrentRowKey(const QTreeView* view) {

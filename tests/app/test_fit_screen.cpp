@@ -7,6 +7,10 @@
 #include "StockRecords.h"
 #include "TestKit.h"
 #include "frmCheckForm.h"
+#include "frmBusReorder.h"
+#include "frmChart.h"
+#include "frmFind.h"
+#include "frmFindIncome.h"
 #include "frmChongzhi.h"
 #include "frmCloseHouse.h"
 #include "frmEditReservation.h"
@@ -121,6 +125,14 @@ const QList<Window>& windows() {
          dialog<frmCheckForm>([](auto* d, auto&) { d->LoadData(); return true; })},
         {"hand-overs", "cmdClose cmdFind",
          dialog<frmShouyinInfo>([](auto*, auto&) { return true; })},
+        {"bill query", "cmdFind cmdFindPrintOK cmdClose lblSumMoney lblSumFreePay",
+         dialog<frmFind>([](auto*, auto&) { return true; })},
+        {"income", "cmdFind cmdClose lblThisSumIncome lblSumIncome",
+         dialog<frmFindIncome>([](auto*, auto&) { return true; })},
+        {"ranking", "cmdFind cmdClose txtSumOughtMoney txtSumTiChengMoney",
+         dialog<frmBusReorder>([](auto*, auto&) { return true; })},
+        {"chart", "cmdFind cmdClose C1Tab1",
+         dialog<frmChart>([](auto*, auto&) { return true; })},
     };
     // clang-format on
     return all;
