@@ -2,6 +2,8 @@
 #include "AppState.h"
 #include "Artwork.h"
 #include "Backup.h"
+#include "frmSetup.h"
+#include "frmUpdate.h"
 #include "Desktop.h"
 #include "Ini.h"
 #include "Log.h"
@@ -138,6 +140,21 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         frmLog dlg(this);
         dlg.ShowMe();
     });
+    // After a restore or a purge the program ends at once, as nothing loaded may outlive the data.
+    wire(QStringLiteral("mnuSetup"), [this] {
+        frmSetup dlg(this);
+        dlg.ShowMe();
+        if (dlg.programMustEnd()) {
+            m_exiting = true;
+            QCoreApplication::exit(0);
+        }
+    });
+    const auto showUpdate = [this] {
+        frmUpdate dlg(this);
+        dlg.ShowMe();
+    };
+    wire(QStringLiteral("mnuDBSQL"), showUpdate);
+    wire(QStringLiteral("mnuUpdate"), showUpdate);
     wire(QStringLiteral("tbrOPTION"), [this] { runCommand(QStringLiteral("mnuBusCommon")); });
     // Stock: the suppliers, and the stock on hand while stock keeping is on.
     wire(QStringLiteral("mnuSupplierList"), [this] {

@@ -11,7 +11,8 @@ QString DefaultBackupName(const QString& home) {
                                QStringLiteral(".db"));
 }
 
-bool BackupSqlite(Db& db, const QString& target, QString* error) {
+bool BackupSqlite(Db& db, const QString& target, QString* error,
+                 const std::function<void(int done, int total)>& progress) {
     auto fail = [&](const QString& why) {
         if (error) *error = why;
         return false;
@@ -34,9 +35,19 @@ bool BackupSqlite(Db& db, const QString& target, QString* error) {
     sqlite3_backup* b = sqlite3_backup_init(dest, "main", source, "main");
     int rc = SQLITE_OK;
     if (b) {
+        int restarts = 0, lastDone = 0, busy = 0;
         do {
-            rc = sqlite3_backup_step(b, 256);
-            if (rc == SQLITE_BUSY || rc == SQLITE_LOCKED) sqlite3_sleep(20);
+            // 4 MB of 4 KB pages a step: few locks, and the window still hears progress.
+            rc = sqlite3_backup_step(b, restarts > 3 ? -1 : 1024);
+            const int total = sqlite3_backup_pagecount(b);
+            const int done = total - sqlite3_backup_remaining(b);
+            if (done < lastDone) ++restarts;
+            lastDone = done;
+            if (progress) progress(done, total);
+            if (rc == SQLITE_BUSY || rc == SQLITE_LOCKED) {
+                if (++busy > 500) break; // ten seconds locked out: give up rather than hang
+                sqlite3_sleep(20);
+            }
         } while (rc == SQLITE_OK || rc == SQLITE_BUSY || rc == SQLITE_LOCKED);
         sqlite3_backup_finish(b);
     }

@@ -33,6 +33,9 @@
 #include "frmOption.h"
 #include "frmPayLevel.h"
 #include "frmWare.h"
+#include "frmDataImport.h"
+#include "frmSetup.h"
+#include "frmUpdate.h"
 #include <QApplication>
 #include <QFontDatabase>
 #include <QScreen>
@@ -136,6 +139,12 @@ void TestFitScreen::windows_fit_data() {
                                     << "OKButton";
     QTest::newRow("hand-overs") << "frmShouyinInfo"
                                 << "cmdClose cmdFind";
+    QTest::newRow("data management") << "frmSetup"
+                                     << "cmdClose cmdBackup cmdResume cmdClearAllData";
+    QTest::newRow("upgrade") << "frmUpdate"
+                             << "cmdCancel cmdUpdate cmdSQL Command1";
+    QTest::newRow("goods import") << "frmDataImport"
+                                  << "cmdClose cmdShowData cmdDo";
 }
 
 void TestFitScreen::windows_fit() {
@@ -167,6 +176,9 @@ void TestFitScreen::windows_fit() {
         {u"frmWareLoss"_s, dialog<frmWareLoss>([](auto* d, auto&) { d->prepare(); return true; })},
         {u"frmWareInList"_s, dialog<frmWareInList>([](auto* d, auto&) { d->prepare(0); return true; })},
         {u"frmWarehouseNum"_s, dialog<frmWarehouseNum>([](auto* d, auto&) { d->LoadData(); return true; })},
+        {u"frmSetup"_s, dialog<frmSetup>([](auto*, auto&) { return true; })},
+        {u"frmUpdate"_s, dialog<frmUpdate>([](auto*, auto&) { return true; })},
+        {u"frmDataImport"_s, dialog<frmDataImport>([](auto*, auto&) { return true; })},
         {u"frmReservation"_s, dialog<frmReservation>([](auto* d, auto&) { d->LoadReservation(); return true; })},
         {u"frmEditReservation"_s, dialog<frmEditReservation>([](auto* d, auto&) { d->prepare(ReservationMode::Add, u"r2"_s, {}, true); return true; })},
     };
