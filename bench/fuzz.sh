@@ -8,8 +8,8 @@ secs=${1:-${FUZZ_SECONDS:-60}}
 out=build-fuzz
 mkdir -p "$out"
 flags=(-std=c++20 -O1 -g -fPIC -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined
-       -Isrc/admin $(pkg-config --cflags Qt6Core quazip1-qt6 freexl sqlite3))
-libs=($(pkg-config --libs Qt6Core quazip1-qt6 freexl sqlite3))
+       -Isrc/admin $(pkg-config --cflags Qt6Core minizip freexl sqlite3))
+libs=($(pkg-config --libs Qt6Core minizip freexl sqlite3))
 clang++ "${flags[@]}" bench/fuzz/fuzz_sheet.cpp src/admin/SheetReader.cpp -o "$out/fuzz_sheet" "${libs[@]}"
 clang++ "${flags[@]}" bench/fuzz/fuzz_restore_check.cpp src/admin/RestoreCheck.cpp -o "$out/fuzz_restore_check" "${libs[@]}"
 

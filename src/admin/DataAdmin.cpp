@@ -9,9 +9,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <filesystem>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <sqlite3.h>
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
 #include <unistd.h>
 #endif
 
@@ -41,7 +45,7 @@ QString BackupDatabase(const QString& fileName, bool atExit, Db& db,
 }
 
 QString SafetyCopyName(const QString& home) {
-    return QDir(home).filePath(QStringLiteral("DBBackup/恢复前") + FormatDate(Now(), QStringLiteral("yyyyMMddHHmm")) +
+    return QDir(home).filePath(QStringLiteral("DBBackup/before-restore-") + FormatDate(Now(), QStringLiteral("yyyyMMddHHmm")) +
                                QStringLiteral(".db"));
 }
 
@@ -71,17 +75,25 @@ bool syncFile(const QString& path) {
     QFile f(path);
     if (!f.open(QIODevice::ReadWrite)) return false;
     f.flush();
-#ifdef Q_OS_UNIX
+#ifndef Q_OS_WIN
     return ::fsync(f.handle()) == 0;
 #else
     return true;
 #endif
 }
 
+// Replaces `to` by `from` in one step: a reader sees the old file or the new one, never a mix.
 QString renameOver(const QString& from, const QString& to) {
-    std::error_code ec;
-    std::filesystem::rename(std::filesystem::path(from.toStdWString()), std::filesystem::path(to.toStdWString()), ec);
-    return ec ? QString::fromLocal8Bit(ec.message().c_str()) : QString();
+#ifdef Q_OS_WIN
+    if (MoveFileExW(reinterpret_cast<const wchar_t*>(QDir::toNativeSeparators(from).utf16()),
+                    reinterpret_cast<const wchar_t*>(QDir::toNativeSeparators(to).utf16()),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return {};
+    return QStringLiteral("无法替换数据文件");
+#else
+    if (::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0) return {};
+    return QString::fromLocal8Bit(std::strerror(errno));
+#endif
 }
 } // namespace
 

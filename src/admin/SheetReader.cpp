@@ -1,13 +1,12 @@
 #include "SheetReader.h"
-#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QStringDecoder>
 #include <QXmlStreamReader>
 #include <freexl.h>
-#include <quazip/quazip.h>
-#include <quazip/quazipfile.h>
+#include <cstring>
+#include <unzip.h>
 
 namespace {
 Sheet failed(const QString& why) {
@@ -60,34 +59,77 @@ void putCell(QStringList& row, int col, const QString& text) {
     row[col] = text;
 }
 
-// ---- .xlsx: a zip of XML parts.
+// ---- .xlsx: a zip of XML parts, read from memory through minizip's unzip. (QuaZip carries
+// its own copy of minizip's names, which would take the place of those libxlsxwriter calls
+// when writing an export.)
+struct MemoryFile {
+    const QByteArray* data;
+    ZPOS64_T pos = 0;
+};
+
+voidpf memOpen(voidpf opaque, const void*, int) { return new MemoryFile{static_cast<const QByteArray*>(opaque)}; }
+uLong memRead(voidpf, voidpf stream, void* buf, uLong size) {
+    auto* f = static_cast<MemoryFile*>(stream);
+    const ZPOS64_T total = ZPOS64_T(f->data->size());
+    const uLong n = f->pos >= total ? 0 : uLong(std::min<ZPOS64_T>(size, total - f->pos));
+    if (n) std::memcpy(buf, f->data->constData() + f->pos, n);
+    f->pos += n;
+    return n;
+}
+uLong memWrite(voidpf, voidpf, const void*, uLong) { return 0; }
+ZPOS64_T memTell(voidpf, voidpf stream) { return static_cast<MemoryFile*>(stream)->pos; }
+long memSeek(voidpf, voidpf stream, ZPOS64_T offset, int origin) {
+    auto* f = static_cast<MemoryFile*>(stream);
+    const ZPOS64_T total = ZPOS64_T(f->data->size());
+    ZPOS64_T base = 0;
+    if (origin == ZLIB_FILEFUNC_SEEK_CUR) base = f->pos;
+    else if (origin == ZLIB_FILEFUNC_SEEK_END) base = total;
+    if (offset > total || base > total - offset) return -1;
+    f->pos = base + offset;
+    return 0;
+}
+int memClose(voidpf, voidpf stream) {
+    delete static_cast<MemoryFile*>(stream);
+    return 0;
+}
+int memError(voidpf, voidpf) { return 0; }
+
 class XlsxParts {
   public:
-    explicit XlsxParts(const QByteArray& bytes) : m_bytes(bytes), m_buffer(&m_bytes), m_zip(&m_buffer) {}
-    bool open() { return m_zip.open(QuaZip::mdUnzip); }
+    explicit XlsxParts(const QByteArray& bytes) : m_bytes(bytes) {}
+    ~XlsxParts() {
+        if (m_zip) unzClose(m_zip);
+    }
+    XlsxParts(const XlsxParts&) = delete;
+    XlsxParts& operator=(const XlsxParts&) = delete;
+    bool open() {
+        zlib_filefunc64_def io{memOpen, memRead, memWrite, memTell, memSeek, memClose, memError,
+                               const_cast<QByteArray*>(&m_bytes)};
+        m_zip = unzOpen2_64("workbook", &io);
+        return m_zip != nullptr;
+    }
     bool read(const QString& name, QByteArray* out) {
         out->clear();
-        if (!m_zip.setCurrentFile(name, QuaZip::csInsensitive)) return false;
-        QuaZipFile f(&m_zip);
-        if (!f.open(QIODevice::ReadOnly)) return false;
+        if (unzLocateFile(m_zip, name.toUtf8().constData(), 2) != UNZ_OK) return false;
+        if (unzOpenCurrentFile(m_zip) != UNZ_OK) return false;
         char chunk[65536];
+        bool ok = true;
         for (;;) {
-            const qint64 n = f.read(chunk, sizeof chunk);
+            const int n = unzReadCurrentFile(m_zip, chunk, sizeof chunk);
+            if (n < 0) ok = false;
             if (n <= 0) break;
             if (out->size() + n > SheetLimits::EntryBytes) {
-                f.close();
-                return false;
+                ok = false;
+                break;
             }
             out->append(chunk, n);
         }
-        f.close();
-        return true;
+        return unzCloseCurrentFile(m_zip) == UNZ_OK && ok;
     }
 
   private:
     QByteArray m_bytes;
-    QBuffer m_buffer;
-    QuaZip m_zip;
+    unzFile m_zip = nullptr;
 };
 
 QStringList sharedStrings(const QByteArray& xml) {

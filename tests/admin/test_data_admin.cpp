@@ -263,11 +263,11 @@ void TestDataAdmin::purge_counts_exactly() {
         return db.scalar(u"select count(*) from "_s + table + (where.isEmpty() ? QString() : u" where "_s + where)).toInt();
     };
     int expected = 0;
-    for (const QString t : {u"ExpenseDetail"_s, u"Expense"_s, u"Reservation"_s, u"WareInList"_s, u"WareIn"_s,
+    for (const QString& t : {u"ExpenseDetail"_s, u"Expense"_s, u"Reservation"_s, u"WareInList"_s, u"WareIn"_s,
                             u"OutsaleDetail"_s, u"Outsale"_s, u"Shouyininfo"_s, u"The"_s, u"Ware"_s})
         expected += count(t);
     if (all) {
-        for (const QString t : {u"Employee"_s, u"CompanyInfo"_s, u"chongzhi"_s, u"Member"_s, u"MemberSetup"_s,
+        for (const QString& t : {u"Employee"_s, u"CompanyInfo"_s, u"chongzhi"_s, u"Member"_s, u"MemberSetup"_s,
                                 u"The"_s, u"TheAssort"_s, u"PayLevel"_s, u"WareLevel"_s, u"Ware"_s, u"WareType"_s,
                                 u"s_log"_s})
             expected += count(t);
