@@ -46,8 +46,9 @@ void frmUpdate::cmdUpdate_Click() {
 }
 
 void frmUpdate::cmdSQL_Click() {
+    if (!CheckButton(this, QStringLiteral("cmdSQL"))) return;
     const QString sql = ui->txtSQL->toPlainText().trimmed();
-    if (sql.isEmpty() || !CheckButton(this, QStringLiteral("cmdSQL"))) return;
+    if (sql.isEmpty()) return;
     try {
         Upgrade::RunSql(sql);
         Msg::info(this, QStringLiteral("执行成功！"));
