@@ -1,7 +1,7 @@
 #include "frmMain.h"
 #include "AppState.h"
 #include "Artwork.h"
-#include "Backup.h"
+#include "DataAdmin.h"
 #include "frmSetup.h"
 #include "frmUpdate.h"
 #include "Desktop.h"
@@ -436,9 +436,8 @@ void frmMain::SaveInfo() {
         Msg::critical(this, e.message(QStringLiteral("SaveInfo"), QStringLiteral("frmMain")));
     }
     if (App().IsDBBackup) {
-        QString error;
-        if (!BackupSqlite(DB(), DefaultBackupName(App().AppPath), &error))
-            Msg::critical(this, QStringLiteral("数据备份时出错！\n错误描述：") + error);
+        const QString error = DataAdmin::BackupDatabase(QString(), true);
+        if (!error.isEmpty()) Msg::critical(this, DataAdmin::BackupErrorText(error));
     }
 }
 
