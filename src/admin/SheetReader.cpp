@@ -9,6 +9,11 @@
 #include <unzip.h>
 
 namespace {
+QString noSuchSheet(const QString& name, const QStringList& names) {
+    return QStringLiteral("工作簿中没有名为 ") + name + QStringLiteral(" 的工作表（工作簿中有：") +
+           names.join(QStringLiteral("、")) + QStringLiteral("）");
+}
+
 Sheet failed(const QString& why) {
     Sheet s;
     s.error = why;
@@ -191,7 +196,7 @@ QString sheetPart(XlsxParts& zip, const QString& name, QString* error) {
         }
     }
     if (relId.isEmpty()) {
-        *error = QStringLiteral("工作簿中没有名为 ") + name + QStringLiteral(" 的工作表");
+        *error = noSuchSheet(name, names);
         return {};
     }
     zip.read(QStringLiteral("xl/_rels/workbook.xml.rels"), &rels);
@@ -340,7 +345,8 @@ Sheet ReadXlsx(const QByteArray& bytes, const QString& sheetName) {
 
 Sheet ReadXls(const QString& path, const QString& sheetName) {
     const void* h = nullptr;
-    if (freexl_open(QFile::encodeName(path).constData(), &h) != FREEXL_OK) {
+    // freexl may answer OK without a handle for a container it gives up on.
+    if (freexl_open(QFile::encodeName(path).constData(), &h) != FREEXL_OK || !h) {
         if (h) freexl_close(h);
         return failed(QStringLiteral("文件不是有效的 Excel 工作簿"));
     }
@@ -348,15 +354,16 @@ Sheet ReadXls(const QString& path, const QString& sheetName) {
     unsigned int count = 0;
     freexl_get_info(h, FREEXL_BIFF_SHEET_COUNT, &count);
     int index = -1;
-    for (unsigned int i = 0; i < count && i < 65535 && index < 0; ++i) {
+    QStringList names;
+    for (unsigned int i = 0; i < count && i < 256 && index < 0; ++i) {
         const char* name = nullptr;
-        if (freexl_get_worksheet_name(h, static_cast<unsigned short>(i), &name) == FREEXL_OK && name &&
-            QString::fromUtf8(name).compare(wanted, Qt::CaseInsensitive) == 0)
-            index = int(i);
+        if (freexl_get_worksheet_name(h, static_cast<unsigned short>(i), &name) != FREEXL_OK || !name) continue;
+        names << QString::fromUtf8(name);
+        if (names.last().compare(wanted, Qt::CaseInsensitive) == 0) index = int(i);
     }
     if (index < 0) {
         freexl_close(h);
-        return failed(QStringLiteral("工作簿中没有名为 ") + wanted + QStringLiteral(" 的工作表"));
+        return failed(noSuchSheet(wanted, names));
     }
     unsigned int rowCount = 0;
     unsigned short colCount = 0;
