@@ -62,7 +62,7 @@ class TestHomePage : public QObject {
             {"outsale", "frmOutSale"}, {"doreservation", "frmEditReservation"}, {"showreservation", "frmReservation"},
             {"changepw", "frmChangePw"}, {"showlog", "frmLog"}, {"setuplog", "frmLogSetup"},
             {"findchongzhi0", "frmChongzhiList"}, {"chongzhi", "frmChongzhiList"}, {"appexit", "message"},
-            {"checkform", "frmCheckForm"}, {"shouyininfo", "frmShouyinInfo"}, {"showsyssetup", ""}, {"showwarehousenum", "message"}, {"supplier", "frmSupplierList"},
+            {"checkform", "frmCheckForm"}, {"shouyininfo", "frmShouyinInfo"}, {"showsyssetup", "frmSetup"}, {"showwarehousenum", "message"}, {"supplier", "frmSupplierList"},
             {"find0", ""}, {"find1", ""}, {"find2", ""}, {"findbusincome0", ""}, {"findbusincome1", ""},
             {"findbusincome2", ""}, {"findpaihang", ""}, {"showbusreorder0", ""}, {"showbusreorder1", ""},
             {"showbusreorder2", ""}, {"showchart", ""}, {"dataandchart", ""}, {"wareinlist", "frmWareInList"},
