@@ -1,7 +1,7 @@
 // Backup of a year-long venue with the program's connection open, against a plain copy of
 // the same file.
 //
-//   bench_backup [--runs 7] [--days 365]
+//   bench_backup [--runs 15] [--days 365]
 //
 // Prints the median of each and their ratio. The copy is of the file after a checkpoint, the
 // best a closed-file copy could do; the backup runs through the open connection, as the
@@ -26,7 +26,7 @@ double median(std::vector<double> v) {
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QCommandLineParser p;
-    p.addOption({QStringLiteral("runs"), QStringLiteral("Runs of each."), QStringLiteral("n"), QStringLiteral("7")});
+    p.addOption({QStringLiteral("runs"), QStringLiteral("Runs of each."), QStringLiteral("n"), QStringLiteral("15")});
     p.addOption({QStringLiteral("days"), QStringLiteral("Days of business."), QStringLiteral("n"), QStringLiteral("365")});
     p.process(app);
     const int runs = std::max(1, p.value(QStringLiteral("runs")).toInt());

@@ -27,6 +27,31 @@ with zipfile.ZipFile(b, "w") as z:
     z.writestr("xl/worksheets/sheet1.xml", '<worksheet><sheetData><row r="1"><c r="A1" t="s"><v>0</v></c><c r="B1" t="inlineStr"><is><t>名称</t></is></c></row><row r="2"><c r="A2"><v>1001</v></c><c r="C2" t="s"><v>1</v></c></row></sheetData></worksheet>')
 open(sys.argv[1], "wb").write(b"\x01" + b.getvalue())
 PY
+python3 - "$seeds/sheet/xls" <<'PY'
+# One sheet of BIFF8 records in an OLE2 compound file, as Excel 97 writes it.
+import struct, sys
+def rec(t, d): return struct.pack('<HH', t, len(d)) + d
+def bof(kind): return struct.pack('<HHHHII', 0x0600, kind, 0x0DBB, 0x07CC, 0, 6)
+u = lambda t: t.encode('utf-16-le')
+strings = ['编号', '名称', '啤酒']
+cells = rec(0xFD, struct.pack('<HHHI', 0, 0, 0, 0)) + rec(0xFD, struct.pack('<HHHI', 0, 1, 0, 1))
+cells += rec(0x203, struct.pack('<HHHd', 1, 0, 0, 1001.0)) + rec(0xFD, struct.pack('<HHHI', 1, 1, 0, 2))
+sst = struct.pack('<II', 3, 3) + b''.join(struct.pack('<HB', len(t), 1) + u(t) for t in strings)
+g = rec(0x809, bof(5)) + rec(0x85, struct.pack('<IHBB', 0, 0, 6, 1) + u('Sheet1')) + rec(0xFC, sst) + rec(0x0A, b'')
+g = g[:24] + struct.pack('<I', len(g)) + g[28:]
+s = g + rec(0x809, bof(0x10)) + rec(0x200, struct.pack('<IIHHH', 0, 2, 0, 2, 0)) + cells + rec(0x0A, b'')
+s += b'\0' * (4096 - len(s))
+n = len(s) // 512
+h = b'\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1' + b'\0' * 16 + struct.pack('<HHHHH', 0x3E, 3, 0xFFFE, 9, 6) + b'\0' * 6
+h += struct.pack('<10I', 0, 1, 1, 0, 4096, 0xFFFFFFFE, 0, 0xFFFFFFFE, 0, 0) + b'\xff' * 432
+fat = struct.pack('<II', 0xFFFFFFFD, 0xFFFFFFFE) + b''.join(struct.pack('<I', i + 3 if i + 1 < n else 0xFFFFFFFE) for i in range(n))
+fat += b'\xff' * (512 - len(fat))
+def entry(nm, typ, child, start, size):
+    e = u(nm).ljust(64, b'\0') + struct.pack('<HBB', (len(nm) + 1) * 2 if nm else 0, typ, 1)
+    return e + struct.pack('<III', 0xFFFFFFFF, 0xFFFFFFFF, child) + b'\0' * 36 + struct.pack('<III', start, size, 0)
+d = entry('Root Entry', 5, 1, 0xFFFFFFFE, 0) + entry('Workbook', 2, 0xFFFFFFFF, 2, len(s)) + entry('', 0, 0xFFFFFFFF, 0, 0) * 2
+open(sys.argv[1], 'wb').write(b'\x02' + h + fat + d + s)
+PY
 if [ -f build/bench/singbox-generate ] || [ -x build/src/app/singbox ]; then
   tmp=$(mktemp -d)
   if build/src/app/singbox --home "$tmp" --init >/dev/null 2>&1 && [ -f "$tmp/Data/dat.db" ]; then
