@@ -26,8 +26,10 @@ double median(std::vector<double> v) {
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QCommandLineParser p;
-    p.addOption({QStringLiteral("runs"), QStringLiteral("Runs of each."), QStringLiteral("n"), QStringLiteral("15")});
-    p.addOption({QStringLiteral("days"), QStringLiteral("Days of business."), QStringLiteral("n"), QStringLiteral("365")});
+    p.addOption(
+        {QStringLiteral("runs"), QStringLiteral("Runs of each."), QStringLiteral("n"), QStringLiteral("15")});
+    p.addOption({QStringLiteral("days"), QStringLiteral("Days of business."), QStringLiteral("n"),
+                 QStringLiteral("365")});
     p.process(app);
     const int runs = std::max(1, p.value(QStringLiteral("runs")).toInt());
     QTemporaryDir dir;

@@ -30,23 +30,25 @@ QString RestoreErrorText(const QString& description) {
 }
 
 QString ServerBackupAdvice() {
-    return QStringLiteral("本系统连接的是数据库服务器（网络版），数据保存在服务器上，这里的备份和恢复不适用。\n"
-                          "请在服务器上用 pg_dump 备份，例如：pg_dump -Fc -f 备份文件名.dump 数据库名；\n"
-                          "恢复时先停止所有收银台，再用 pg_restore --clean -d 数据库名 备份文件名.dump。");
+    return QStringLiteral(
+        "本系统连接的是数据库服务器（网络版），数据保存在服务器上，这里的备份和恢复不适用。\n"
+        "请在服务器上用 pg_dump 备份，例如：pg_dump -Fc -f 备份文件名.dump 数据库名；\n"
+        "恢复时先停止所有收银台，再用 pg_restore --clean -d 数据库名 备份文件名.dump。");
 }
 
 QString BackupDatabase(const QString& fileName, bool atExit, Db& db,
                        const std::function<void(int, int)>& progress) {
     Q_UNUSED(atExit)
     if (db.backend() != Backend::SQLite) return QStringLiteral("网络版不适用");
-    const QString target = fileName.trimmed().isEmpty() ? DefaultBackupName(App().AppPath) : fileName.trimmed();
+    const QString target =
+        fileName.trimmed().isEmpty() ? DefaultBackupName(App().AppPath) : fileName.trimmed();
     QString error;
     return BackupSqlite(db, target, &error, progress) ? QString() : error;
 }
 
 QString SafetyCopyName(const QString& home) {
-    return QDir(home).filePath(QStringLiteral("DBBackup/before-restore-") + FormatDate(Now(), QStringLiteral("yyyyMMddHHmm")) +
-                               QStringLiteral(".db"));
+    return QDir(home).filePath(QStringLiteral("DBBackup/before-restore-") +
+                               FormatDate(Now(), QStringLiteral("yyyyMMddHHmm")) + QStringLiteral(".db"));
 }
 
 namespace {
@@ -55,7 +57,8 @@ QString copyDatabase(const QString& from, const QString& to) {
     QFile::remove(to);
     sqlite3 *src = nullptr, *dst = nullptr;
     QString why;
-    if (sqlite3_open_v2(QFile::encodeName(from).constData(), &src, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK ||
+    if (sqlite3_open_v2(QFile::encodeName(from).constData(), &src, SQLITE_OPEN_READONLY, nullptr) !=
+            SQLITE_OK ||
         sqlite3_open(QFile::encodeName(to).constData(), &dst) != SQLITE_OK) {
         why = QString::fromUtf8(sqlite3_errmsg(dst ? dst : src));
     } else if (sqlite3_backup* b = sqlite3_backup_init(dst, "main", src, "main")) {
@@ -152,28 +155,45 @@ QString RestoreDatabase(const QString& fileName, Db& db, const std::function<voi
 
 int DelAllData(bool includeMasterData, Db& db) {
     static const char* const business[] = {
-        "Delete From ExpenseDetail", "Delete From Expense",    "Delete From Reservation",
-        "Delete From WareInList",    "Delete From WareIn",     "Delete From OutsaleDetail",
-        "Delete From Outsale",       "Delete From Shouyininfo", "Delete From WareInList",
-        "Delete From WareIn",        "Update The set state=0,ExpenseID=''", "Update Ware set nowNum=0",
+        "Delete From ExpenseDetail",
+        "Delete From Expense",
+        "Delete From Reservation",
+        "Delete From WareInList",
+        "Delete From WareIn",
+        "Delete From OutsaleDetail",
+        "Delete From Outsale",
+        "Delete From Shouyininfo",
+        "Delete From WareInList",
+        "Delete From WareIn",
+        "Update The set state=0,ExpenseID=''",
+        "Update Ware set nowNum=0",
     };
     // The settings go, all but the version of the database: without it the next start
     // could not tell what the file holds.
     static const char* const master[] = {
-        "Delete From Employee",   "Delete From pSetup where lower(setupname)<>'dbver'",
-        "Delete From CompanyInfo", "Delete From chongzhi",
-        "Delete From Member",     "Delete From MemberSetup",
-        "Delete From Puissance where OperatorID<>'qa042'", "Delete From Operator where OperatorID<>'qa042'",
-        "Delete From The",        "Delete From TheAssort",
-        "Delete From PayLevel",   "Delete From WareLevel",
-        "Delete From Ware",       "Delete From WareType",
+        "Delete From Employee",
+        "Delete From pSetup where lower(setupname)<>'dbver'",
+        "Delete From CompanyInfo",
+        "Delete From chongzhi",
+        "Delete From Member",
+        "Delete From MemberSetup",
+        "Delete From Puissance where OperatorID<>'qa042'",
+        "Delete From Operator where OperatorID<>'qa042'",
+        "Delete From The",
+        "Delete From TheAssort",
+        "Delete From PayLevel",
+        "Delete From WareLevel",
+        "Delete From Ware",
+        "Delete From WareType",
         "Delete From s_log",
     };
     return db.write([&] {
         int count = 0;
-        for (const char* sql : business) count += db.exec(QString::fromLatin1(sql));
+        for (const char* sql : business)
+            count += db.exec(QString::fromLatin1(sql));
         if (includeMasterData)
-            for (const char* sql : master) count += db.exec(QString::fromLatin1(sql));
+            for (const char* sql : master)
+                count += db.exec(QString::fromLatin1(sql));
         return count;
     });
 }

@@ -15,13 +15,15 @@ std::optional<double> number(const QString& text, NumberRange range) {
 }
 
 void logRow(bool ok, const QString& text, Db& db) {
-    WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("营业设置"), QStringLiteral("商品及服务"), 1, ok, text, db);
+    WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("营业设置"), QStringLiteral("商品及服务"), 1,
+             ok, text, db);
 }
 } // namespace
 
 int Preview::refused() const {
     int n = 0;
-    for (const Line& l : lines) n += l.refusal.isEmpty() ? 0 : 1;
+    for (const Line& l : lines)
+        n += l.refusal.isEmpty() ? 0 : 1;
     return n;
 }
 
@@ -29,7 +31,8 @@ Preview Check(const Sheet& sheet, Db& db) {
     Preview p;
     p.headers = sheet.headers;
     QSet<QString> kept, types, seen;
-    for (const Row& r : db.query(QStringLiteral("select WareID from Ware"))) kept.insert(r.text(QStringLiteral("WareID")));
+    for (const Row& r : db.query(QStringLiteral("select WareID from Ware")))
+        kept.insert(r.text(QStringLiteral("WareID")));
     for (const Row& r : db.query(QStringLiteral("select WareTypeID from WareType")))
         types.insert(r.text(QStringLiteral("WareTypeID")));
     static const struct {
@@ -83,13 +86,15 @@ Outcome Import(const Preview& preview, Db& db) {
             info.clear();
             for (const Line& l : preview.lines) {
                 const QStringList& c = l.cells;
-                db.exec(QStringLiteral("insert into Ware (WareID, WareName, wareUnit, Mnemonics, Price, WareTypeID, "
-                                       "nownum, minnum, ProcurePrice) values (?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                db.exec(QStringLiteral(
+                            "insert into Ware (WareID, WareName, wareUnit, Mnemonics, Price, WareTypeID, "
+                            "nownum, minnum, ProcurePrice) values (?, ?, ?, ?, ?, ?, ?, ?, ?)"),
                         {c.value(WareID).trimmed(), c.value(WareName).trimmed(), c.value(WareUnit).trimmed(),
                          c.value(Mnemonics).trimmed(), Money::fromDouble(Val(c.value(Price))),
                          c.value(WareTypeID).trimmed(), Val(c.value(NowNum)), Val(c.value(MinNum)),
                          Money::fromDouble(Val(c.value(ProcurePrice)))});
-                info += QStringLiteral("编号为 ") + c.value(WareID).trimmed() + QStringLiteral(" 的商品导入成功！\n");
+                info += QStringLiteral("编号为 ") + c.value(WareID).trimmed() +
+                        QStringLiteral(" 的商品导入成功！\n");
             }
         });
     } catch (const DbError& e) {

@@ -4,11 +4,14 @@
 #include <sqlite3.h>
 
 namespace {
-RestoreCheck refuse(const QString& why) { return {why, 0}; }
+RestoreCheck refuse(const QString& why) {
+    return {why, 0};
+}
 
 quint32 bigEndian(const unsigned char* p, int n) {
     quint32 v = 0;
-    for (int i = 0; i < n; ++i) v = (v << 8) | p[i];
+    for (int i = 0; i < n; ++i)
+        v = (v << 8) | p[i];
     return v;
 }
 
@@ -48,7 +51,8 @@ RestoreCheck CheckRestoreFile(const QString& path, int newestVersion) {
             const int rc = sqlite3_step(st);
             *ok = rc == SQLITE_ROW || rc == SQLITE_DONE;
             if (rc == SQLITE_ROW)
-                if (const unsigned char* t = sqlite3_column_text(st, 0)) out = QString::fromUtf8(reinterpret_cast<const char*>(t));
+                if (const unsigned char* t = sqlite3_column_text(st, 0))
+                    out = QString::fromUtf8(reinterpret_cast<const char*>(t));
         }
         sqlite3_finalize(st);
         return out;
@@ -59,9 +63,10 @@ RestoreCheck CheckRestoreFile(const QString& path, int newestVersion) {
     if (!ok || check != u"ok") {
         result = refuse(damaged);
     } else {
-        const QString tables = text("SELECT count(*) FROM sqlite_master WHERE type='table' AND lower(name) IN "
-                                    "('psetup','operator','puissance','the','expense','expensedetail','ware')",
-                                    &ok);
+        const QString tables =
+            text("SELECT count(*) FROM sqlite_master WHERE type='table' AND lower(name) IN "
+                 "('psetup','operator','puissance','the','expense','expensedetail','ware')",
+                 &ok);
         const QString ver = ok && tables == u"7"
                                 ? text("SELECT setupvalue FROM pSetup WHERE lower(setupname)='dbver'", &ok)
                                 : QString();
@@ -70,9 +75,10 @@ RestoreCheck CheckRestoreFile(const QString& path, int newestVersion) {
         if (!ok || tables != u"7" || !numeric || v < 1) {
             result = refuse(notOurs);
         } else if (v > newestVersion) {
-            result = refuse(QStringLiteral("所选文件的数据版本（%1）比本程序能读的版本（%2）新，请先升级程序再恢复。")
-                                .arg(v)
-                                .arg(newestVersion));
+            result = refuse(
+                QStringLiteral("所选文件的数据版本（%1）比本程序能读的版本（%2）新，请先升级程序再恢复。")
+                    .arg(v)
+                    .arg(newestVersion));
         } else {
             result.version = v;
         }

@@ -4,8 +4,8 @@
 #include <QHash>
 #include <QStringDecoder>
 #include <QXmlStreamReader>
-#include <freexl.h>
 #include <cstring>
+#include <freexl.h>
 #include <unzip.h>
 
 namespace {
@@ -25,7 +25,8 @@ Sheet fromRows(QList<QStringList> rows) {
     Sheet s;
     bool first = true;
     for (QStringList& r : rows) {
-        while (!r.isEmpty() && r.last().isEmpty()) r.removeLast();
+        while (!r.isEmpty() && r.last().isEmpty())
+            r.removeLast();
         if (r.isEmpty()) continue;
         if (first) {
             s.headers = r;
@@ -38,7 +39,9 @@ Sheet fromRows(QList<QStringList> rows) {
 }
 
 // A number as a person types it: 1001 not 1001.0, 0.1 not 0.10000000000000001.
-QString numberText(double v) { return QString::number(v, 'g', 15); }
+QString numberText(double v) {
+    return QString::number(v, 'g', 15);
+}
 
 QString plainSheetName(QString name) {
     name = name.trimmed();
@@ -60,7 +63,8 @@ int columnOf(QStringView ref) {
 
 void putCell(QStringList& row, int col, const QString& text) {
     if (col < 0 || col >= SheetLimits::Columns) return;
-    while (row.size() <= col) row.append(QString());
+    while (row.size() <= col)
+        row.append(QString());
     row[col] = text;
 }
 
@@ -72,7 +76,9 @@ struct MemoryFile {
     ZPOS64_T pos = 0;
 };
 
-voidpf memOpen(voidpf opaque, const void*, int) { return new MemoryFile{static_cast<const QByteArray*>(opaque)}; }
+voidpf memOpen(voidpf opaque, const void*, int) {
+    return new MemoryFile{static_cast<const QByteArray*>(opaque)};
+}
 uLong memRead(voidpf, voidpf stream, void* buf, uLong size) {
     auto* f = static_cast<MemoryFile*>(stream);
     const ZPOS64_T total = ZPOS64_T(f->data->size());
@@ -81,14 +87,20 @@ uLong memRead(voidpf, voidpf stream, void* buf, uLong size) {
     f->pos += n;
     return n;
 }
-uLong memWrite(voidpf, voidpf, const void*, uLong) { return 0; }
-ZPOS64_T memTell(voidpf, voidpf stream) { return static_cast<MemoryFile*>(stream)->pos; }
+uLong memWrite(voidpf, voidpf, const void*, uLong) {
+    return 0;
+}
+ZPOS64_T memTell(voidpf, voidpf stream) {
+    return static_cast<MemoryFile*>(stream)->pos;
+}
 long memSeek(voidpf, voidpf stream, ZPOS64_T offset, int origin) {
     auto* f = static_cast<MemoryFile*>(stream);
     const ZPOS64_T total = ZPOS64_T(f->data->size());
     ZPOS64_T base = 0;
-    if (origin == ZLIB_FILEFUNC_SEEK_CUR) base = f->pos;
-    else if (origin == ZLIB_FILEFUNC_SEEK_END) base = total;
+    if (origin == ZLIB_FILEFUNC_SEEK_CUR)
+        base = f->pos;
+    else if (origin == ZLIB_FILEFUNC_SEEK_END)
+        base = total;
     if (offset > total || base > total - offset) return -1;
     f->pos = base + offset;
     return 0;
@@ -97,7 +109,9 @@ int memClose(voidpf, voidpf stream) {
     delete static_cast<MemoryFile*>(stream);
     return 0;
 }
-int memError(voidpf, voidpf) { return 0; }
+int memError(voidpf, voidpf) {
+    return 0;
+}
 
 class XlsxParts {
   public:
@@ -108,8 +122,8 @@ class XlsxParts {
     XlsxParts(const XlsxParts&) = delete;
     XlsxParts& operator=(const XlsxParts&) = delete;
     bool open() {
-        zlib_filefunc64_def io{memOpen, memRead, memWrite, memTell, memSeek, memClose, memError,
-                               const_cast<QByteArray*>(&m_bytes)};
+        zlib_filefunc64_def io{memOpen, memRead,  memWrite, memTell,
+                               memSeek, memClose, memError, const_cast<QByteArray*>(&m_bytes)};
         m_zip = unzOpen2_64("workbook", &io);
         return m_zip != nullptr;
     }
@@ -357,7 +371,8 @@ Sheet ReadXls(const QString& path, const QString& sheetName) {
     QStringList names;
     for (unsigned int i = 0; i < count && i < 256 && index < 0; ++i) {
         const char* name = nullptr;
-        if (freexl_get_worksheet_name(h, static_cast<unsigned short>(i), &name) != FREEXL_OK || !name) continue;
+        if (freexl_get_worksheet_name(h, static_cast<unsigned short>(i), &name) != FREEXL_OK || !name)
+            continue;
         names << QString::fromUtf8(name);
         if (names.last().compare(wanted, Qt::CaseInsensitive) == 0) index = int(i);
     }
@@ -382,8 +397,12 @@ Sheet ReadXls(const QString& path, const QString& sheetName) {
             QString text;
             if (freexl_get_cell_value(h, r, c, &v) == FREEXL_OK) {
                 switch (v.type) {
-                case FREEXL_CELL_INT: text = QString::number(v.value.int_value); break;
-                case FREEXL_CELL_DOUBLE: text = numberText(v.value.double_value); break;
+                case FREEXL_CELL_INT:
+                    text = QString::number(v.value.int_value);
+                    break;
+                case FREEXL_CELL_DOUBLE:
+                    text = numberText(v.value.double_value);
+                    break;
                 case FREEXL_CELL_TEXT:
                 case FREEXL_CELL_SST_TEXT:
                 case FREEXL_CELL_DATE:
@@ -391,7 +410,8 @@ Sheet ReadXls(const QString& path, const QString& sheetName) {
                 case FREEXL_CELL_TIME:
                     if (v.value.text_value) text = QString::fromUtf8(v.value.text_value).trimmed();
                     break;
-                default: break;
+                default:
+                    break;
                 }
             }
             putCell(row, c, text);

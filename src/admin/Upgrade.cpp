@@ -22,35 +22,38 @@ Pack ReadPack(const QString& home) {
     Pack p;
     if (!QFile::exists(ini)) return p;
     p.newVer = ReadIniFile(QStringLiteral("Info"), QStringLiteral("NewVer"), ini).trimmed();
-    for (const QString& s : ReadIniFile(QStringLiteral("UpdateDB"), QStringLiteral("Do"), ini).split(QLatin1Char('|')))
+    for (const QString& s :
+         ReadIniFile(QStringLiteral("UpdateDB"), QStringLiteral("Do"), ini).split(QLatin1Char('|')))
         if (!s.trimmed().isEmpty()) p.statements << s.trimmed();
     return p;
 }
 
 QString CurrentVersion(Db& db) {
     const Rows r = db.query(QStringLiteral("select setupvalue from pSetup where setupname='dbver'"));
-    return QString::number(Val(r.isEmpty() ? QString() : r.first().text(QStringLiteral("setupvalue"))), 'g', 15);
+    return QString::number(Val(r.isEmpty() ? QString() : r.first().text(QStringLiteral("setupvalue"))), 'g',
+                           15);
 }
 
 void ApplyPack(const Pack& pack, Db& db) {
     db.write([&] {
-        for (const QString& sql : pack.statements) db.exec(sql);
+        for (const QString& sql : pack.statements)
+            db.exec(sql);
     });
     SetIni(QStringLiteral("NowVer"), pack.newVer);
-    WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("系统设置"), QStringLiteral("系统升级"), 0, true,
-             QStringLiteral("数据库升级为 ") + pack.newVer, db);
+    WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("系统设置"), QStringLiteral("系统升级"), 0,
+             true, QStringLiteral("数据库升级为 ") + pack.newVer, db);
 }
 
 void RunSql(const QString& sql, Db& db) {
     try {
         db.write([&] { db.exec(sql); });
     } catch (const DbError& e) {
-        WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("系统设置"), QStringLiteral("数据库操作"), 0, false,
-                 sql.left(1000), db);
+        WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("系统设置"), QStringLiteral("数据库操作"),
+                 0, false, sql.left(1000), db);
         throw;
     }
-    WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("系统设置"), QStringLiteral("数据库操作"), 0, true,
-             sql.left(1000), db);
+    WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("系统设置"), QStringLiteral("数据库操作"), 0,
+             true, sql.left(1000), db);
 }
 
 int RecalcCommissions(Db& db) {
@@ -58,11 +61,12 @@ int RecalcCommissions(Db& db) {
         QHash<QString, Money> rate;
         for (const Row& w : db.query(QStringLiteral("select wareid, ticheng from ware")))
             rate.insert(w.text(QStringLiteral("wareid")), w.money(QStringLiteral("ticheng")));
-        const Rows lines = db.query(QStringLiteral(
-            "select DetailID, wareid, num from ExpenseDetail where Other1 is not null"));
+        const Rows lines = db.query(
+            QStringLiteral("select DetailID, wareid, num from ExpenseDetail where Other1 is not null"));
         for (const Row& l : lines) {
             // Goods deleted since: no rate, no commission.
-            const Money m = rate.value(l.text(QStringLiteral("wareid")), Money()).times(l.num(QStringLiteral("num")));
+            const Money m =
+                rate.value(l.text(QStringLiteral("wareid")), Money()).times(l.num(QStringLiteral("num")));
             db.exec(QStringLiteral("update ExpenseDetail set TiChengMoney=? where DetailID=?"),
                     {m, l.text(QStringLiteral("DetailID"))});
         }

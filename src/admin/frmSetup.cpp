@@ -26,15 +26,17 @@ frmSetup::frmSetup(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
 
 frmSetup::~frmSetup() = default;
 
-void frmSetup::ShowMe() { exec(); }
+void frmSetup::ShowMe() {
+    exec();
+}
 
 void frmSetup::cmdSelectBackup_Click() {
-    const QString name = QFileDialog::getSaveFileName(this, QStringLiteral("选择备份的目标文件"),
-                                                      QDir(App().AppPath).filePath(QStringLiteral("DBBackup")),
-                                                      QStringLiteral("星澜系统数据文件 (*.db)"));
+    const QString name = QFileDialog::getSaveFileName(
+        this, QStringLiteral("选择备份的目标文件"), QDir(App().AppPath).filePath(QStringLiteral("DBBackup")),
+        QStringLiteral("星澜系统数据文件 (*.db)"));
     if (name.isEmpty()) return;
-    ui->txtBackupFileName->setText(name.endsWith(QStringLiteral(".db"), Qt::CaseInsensitive) ? name
-                                                                                            : name + QStringLiteral(".db"));
+    ui->txtBackupFileName->setText(
+        name.endsWith(QStringLiteral(".db"), Qt::CaseInsensitive) ? name : name + QStringLiteral(".db"));
 }
 
 void frmSetup::cmdBackup_Click() {
@@ -58,9 +60,9 @@ void frmSetup::cmdBackup_Click() {
 }
 
 void frmSetup::cmdSelectResume_Click() {
-    const QString name = QFileDialog::getOpenFileName(this, QStringLiteral("选择要恢复的文件"),
-                                                      QDir(App().AppPath).filePath(QStringLiteral("DBBackup")),
-                                                      QStringLiteral("星澜系统数据文件 (*.db)"));
+    const QString name = QFileDialog::getOpenFileName(
+        this, QStringLiteral("选择要恢复的文件"), QDir(App().AppPath).filePath(QStringLiteral("DBBackup")),
+        QStringLiteral("星澜系统数据文件 (*.db)"));
     if (!name.isEmpty()) ui->txtResumeFileName->setText(name);
 }
 
@@ -93,7 +95,8 @@ void frmSetup::purge(bool includeMasterData, const QString& closing) {
     } catch (const DbError& e) {
         return Msg::critical(this, e.message(QStringLiteral("DelAllData"), QStringLiteral("frmSetup")));
     }
-    Msg::info(this, QStringLiteral("系统共清除了") + QString::number(count) + QStringLiteral("条数据！\n") + closing);
+    Msg::info(this, QStringLiteral("系统共清除了") + QString::number(count) + QStringLiteral("条数据！\n") +
+                        closing);
     finish();
 }
 
@@ -101,7 +104,9 @@ void frmSetup::cmdClearBusinessData_Click() {
     purge(false, QStringLiteral("系统将自动退出，退出后请您重新登陆系统！"));
 }
 
-void frmSetup::cmdClearAllData_Click() { purge(true, QStringLiteral("提示：系统将自动退出，请重新登陆系统！")); }
+void frmSetup::cmdClearAllData_Click() {
+    purge(true, QStringLiteral("提示：系统将自动退出，请重新登陆系统！"));
+}
 
 void frmSetup::finish() {
     m_end = true;

@@ -16,7 +16,9 @@ frmUpdate::frmUpdate(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
 
 frmUpdate::~frmUpdate() = default;
 
-void frmUpdate::ShowMe() { exec(); }
+void frmUpdate::ShowMe() {
+    exec();
+}
 
 void frmUpdate::LoadData() {
     try {
@@ -32,7 +34,9 @@ void frmUpdate::LoadData() {
 }
 
 void frmUpdate::cmdUpdate_Click() {
-    if (!Msg::confirm(this, QStringLiteral("如果您已备份了系统和系统数据，请按“确定”按钮进行升级，否则请按“取消”退出升级。")))
+    if (!Msg::confirm(
+            this,
+            QStringLiteral("如果您已备份了系统和系统数据，请按“确定”按钮进行升级，否则请按“取消”退出升级。")))
         return;
     ui->cmdUpdate->setEnabled(false);
     try {
@@ -54,16 +58,19 @@ void frmUpdate::cmdSQL_Click() {
         Msg::info(this, QStringLiteral("执行成功！"));
     } catch (const DbError& e) {
         Msg::critical(this, QStringLiteral("执行失败！ Error ") + QString::number(e.number) +
-                                QStringLiteral(" in procedure cmdSQL_Click of Form frmUpdate\n") + e.description);
+                                QStringLiteral(" in procedure cmdSQL_Click of Form frmUpdate\n") +
+                                e.description);
     }
     ui->txtSQL->setFocus();
     ui->txtSQL->selectAll();
 }
 
 void frmUpdate::Command1_Click() {
-    if (Msg::show(this,
-                  QStringLiteral("是否要重新计算员工提成，按“是”将重新计算系统中所有员工提成数据，并将花费一定时间用于计算！"),
-                  Msg::Icon::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
+    if (Msg::show(
+            this,
+            QStringLiteral(
+                "是否要重新计算员工提成，按“是”将重新计算系统中所有员工提成数据，并将花费一定时间用于计算！"),
+            Msg::Icon::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
         return;
     try {
         const int lines = Upgrade::RecalcCommissions();

@@ -7,12 +7,12 @@
 #include <sqlite3.h>
 
 QString DefaultBackupName(const QString& home) {
-    return QDir(home).filePath(QStringLiteral("DBBackup/") + FormatDate(Now(), QStringLiteral("yyyyMMddhhmm")) +
-                               QStringLiteral(".db"));
+    return QDir(home).filePath(QStringLiteral("DBBackup/") +
+                               FormatDate(Now(), QStringLiteral("yyyyMMddhhmm")) + QStringLiteral(".db"));
 }
 
 bool BackupSqlite(Db& db, const QString& target, QString* error,
-                 const std::function<void(int done, int total)>& progress) {
+                  const std::function<void(int done, int total)>& progress) {
     auto fail = [&](const QString& why) {
         if (error) *error = why;
         return false;
@@ -38,7 +38,8 @@ bool BackupSqlite(Db& db, const QString& target, QString* error,
     // Pages read straight from the mapped file for the length of the copy; the connection
     // gets its own setting back afterwards.
     sqlite3_int64 mapped = 0;
-    if (sqlite3_stmt* st = nullptr; sqlite3_prepare_v2(source, "PRAGMA mmap_size", -1, &st, nullptr) == SQLITE_OK) {
+    if (sqlite3_stmt* st = nullptr;
+        sqlite3_prepare_v2(source, "PRAGMA mmap_size", -1, &st, nullptr) == SQLITE_OK) {
         if (sqlite3_step(st) == SQLITE_ROW) mapped = sqlite3_column_int64(st, 0);
         sqlite3_finalize(st);
     }
@@ -62,8 +63,8 @@ bool BackupSqlite(Db& db, const QString& target, QString* error,
         } while (rc == SQLITE_OK || rc == SQLITE_BUSY || rc == SQLITE_LOCKED);
         sqlite3_backup_finish(b);
     }
-    sqlite3_exec(source, QByteArray("PRAGMA mmap_size=" + QByteArray::number(mapped)).constData(), nullptr, nullptr,
-                 nullptr);
+    sqlite3_exec(source, QByteArray("PRAGMA mmap_size=" + QByteArray::number(mapped)).constData(), nullptr,
+                 nullptr, nullptr);
     const QString why = QString::fromUtf8(sqlite3_errmsg(dest));
     rc = b ? (rc == SQLITE_DONE ? sqlite3_errcode(dest) : rc) : sqlite3_errcode(dest);
     sqlite3_close(dest);

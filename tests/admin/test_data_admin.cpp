@@ -41,7 +41,8 @@ void addBulk(Db& db) {
     db.write([&] {
         const QString text(4000, u'x');
         for (int i = 0; i < 3000; ++i)
-            db.exec(u"insert into s_log (logid, theContent) values (?, ?)"_s, {u"bulk"_s + QString::number(i), text});
+            db.exec(u"insert into s_log (logid, theContent) values (?, ?)"_s,
+                    {u"bulk"_s + QString::number(i), text});
     });
 }
 
@@ -58,7 +59,9 @@ QString sqliteText(const QString& file, const QString& sql) {
 QString marker() {
     return DB().scalar(u"select CompanyName from CompanyInfo"_s).toString();
 }
-void setMarker(const QString& m) { DB().exec(u"update CompanyInfo set CompanyName=?"_s, {m}); }
+void setMarker(const QString& m) {
+    DB().exec(u"update CompanyInfo set CompanyName=?"_s, {m});
+}
 
 const QString header = u"编号,名称,单位,助记码,售价,类别,库存,最低库存,进价"_s;
 
@@ -72,7 +75,8 @@ void writeXlsx(const QString& path, const QList<QStringList>& rows) {
             if (number && r > 0 && c >= 4)
                 worksheet_write_number(ws, lxw_row_t(r), lxw_col_t(c), d, nullptr);
             else
-                worksheet_write_string(ws, lxw_row_t(r), lxw_col_t(c), rows[r][c].toUtf8().constData(), nullptr);
+                worksheet_write_string(ws, lxw_row_t(r), lxw_col_t(c), rows[r][c].toUtf8().constData(),
+                                       nullptr);
         }
     workbook_close(wb);
 }
@@ -92,19 +96,23 @@ void writeXls(const QString& path, const QList<QStringList>& rows) {
     };
     const auto bof = [&](quint16 kind) {
         QByteArray d;
-        for (quint16 v : {quint16(0x0600), kind, quint16(0x0DBB), quint16(0x07CC)}) u16(d, v);
+        for (quint16 v : {quint16(0x0600), kind, quint16(0x0DBB), quint16(0x07CC)})
+            u16(d, v);
         u32(d, 0);
         u32(d, 6);
         return d;
     };
-    const auto utf16 = [](const QString& t) { return QByteArray(reinterpret_cast<const char*>(t.utf16()), t.size() * 2); };
+    const auto utf16 = [](const QString& t) {
+        return QByteArray(reinterpret_cast<const char*>(t.utf16()), t.size() * 2);
+    };
     QStringList strings;
     QByteArray cells;
     for (int r = 0; r < rows.size(); ++r)
         for (int c = 0; c < rows[r].size(); ++c) {
             if (rows[r][c].isEmpty()) continue;
             QByteArray d;
-            for (int v : {r, c, 0}) u16(d, quint16(v));
+            for (int v : {r, c, 0})
+                u16(d, quint16(v));
             bool number = false;
             const double v = rows[r][c].toDouble(&number);
             if (number && r > 0 && c >= 4) {
@@ -136,11 +144,13 @@ void writeXls(const QString& path, const QList<QStringList>& rows) {
     record(stream, 0x00FC, sst);
     record(stream, 0x000A, {});
     const qsizetype sheetAt = stream.size();
-    for (int i = 0; i < 4; ++i) stream[24 + i] = char((sheetAt >> (8 * i)) & 0xff);
+    for (int i = 0; i < 4; ++i)
+        stream[24 + i] = char((sheetAt >> (8 * i)) & 0xff);
     QByteArray dims;
     u32(dims, 0);
     u32(dims, quint32(rows.size()));
-    for (int v : {0, 9, 0}) u16(dims, quint16(v));
+    for (int v : {0, 9, 0})
+        u16(dims, quint16(v));
     record(stream, 0x0809, bof(0x0010));
     record(stream, 0x0200, dims);
     stream += cells;
@@ -152,23 +162,30 @@ void writeXls(const QString& path, const QList<QStringList>& rows) {
     // Sector 0 the allocation table, 1 the directory, 2 on the workbook stream.
     QByteArray head("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", 8);
     head.append(QByteArray(16, '\0'));
-    for (int v : {0x3E, 3, 0xFFFE, 9, 6}) u16(head, quint16(v));
+    for (int v : {0x3E, 3, 0xFFFE, 9, 6})
+        u16(head, quint16(v));
     head.append(QByteArray(6, '\0'));
-    for (quint32 v : {0u, 1u, 1u, 0u, 4096u, 0xFFFFFFFEu, 0u, 0xFFFFFFFEu, 0u, 0u}) u32(head, v);
-    while (head.size() < 512) u32(head, 0xFFFFFFFF);
+    for (quint32 v : {0u, 1u, 1u, 0u, 4096u, 0xFFFFFFFEu, 0u, 0xFFFFFFFEu, 0u, 0u})
+        u32(head, v);
+    while (head.size() < 512)
+        u32(head, 0xFFFFFFFF);
     QByteArray fat;
     u32(fat, 0xFFFFFFFD);
     u32(fat, 0xFFFFFFFE);
-    for (quint32 i = 0; i < sectors; ++i) u32(fat, i + 1 < sectors ? i + 3 : 0xFFFFFFFE);
-    while (fat.size() < 512) u32(fat, 0xFFFFFFFF);
+    for (quint32 i = 0; i < sectors; ++i)
+        u32(fat, i + 1 < sectors ? i + 3 : 0xFFFFFFFE);
+    while (fat.size() < 512)
+        u32(fat, 0xFFFFFFFF);
     const auto entry = [&](const QString& n, char type, quint32 child, quint32 start, quint32 size) {
         QByteArray e = utf16(n);
         e.append(QByteArray(64 - e.size(), '\0'));
         u16(e, quint16(n.isEmpty() ? 0 : (n.size() + 1) * 2));
         e.append(type).append(char(1));
-        for (quint32 v : {0xFFFFFFFFu, 0xFFFFFFFFu, child}) u32(e, v);
+        for (quint32 v : {0xFFFFFFFFu, 0xFFFFFFFFu, child})
+            u32(e, v);
         e.append(QByteArray(36, '\0'));
-        for (quint32 v : {start, size, 0u}) u32(e, v);
+        for (quint32 v : {start, size, 0u})
+            u32(e, v);
         return e;
     };
     const QByteArray dir = entry(u"Root Entry"_s, 5, 1, 0xFFFFFFFE, 0) +
@@ -241,12 +258,18 @@ void TestDataAdmin::backup_is_consistent_while_a_bill_is_written() {
 void TestDataAdmin::restore_refuses_what_it_cannot_read_data() {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("says");
-    QTest::newRow("text file") << "text" << "不是星澜系统的数据文件";
-    QTest::newRow("another program's database") << "foreign" << "不是星澜系统的数据文件";
-    QTest::newRow("truncated copy") << "truncated" << "不完整或已损坏";
-    QTest::newRow("damaged page") << "damaged" << "不完整或已损坏";
-    QTest::newRow("newer version") << "newer" << "比本程序能读的版本";
-    QTest::newRow("the live file itself") << "live" << "正在使用";
+    QTest::newRow("text file") << "text"
+                               << "不是星澜系统的数据文件";
+    QTest::newRow("another program's database") << "foreign"
+                                                << "不是星澜系统的数据文件";
+    QTest::newRow("truncated copy") << "truncated"
+                                    << "不完整或已损坏";
+    QTest::newRow("damaged page") << "damaged"
+                                  << "不完整或已损坏";
+    QTest::newRow("newer version") << "newer"
+                                   << "比本程序能读的版本";
+    QTest::newRow("the live file itself") << "live"
+                                          << "正在使用";
 }
 
 void TestDataAdmin::restore_refuses_what_it_cannot_read() {
@@ -284,7 +307,8 @@ void TestDataAdmin::restore_refuses_what_it_cannot_read() {
         DbConfig c;
         c.file = file;
         other.open(c);
-        other.exec(u"update pSetup set setupvalue=? where setupname='dbver'"_s, {QString::number(Schema::latestVersion() + 1)});
+        other.exec(u"update pSetup set setupvalue=? where setupname='dbver'"_s,
+                   {QString::number(Schema::latestVersion() + 1)});
         other.close();
     }
     setMarker(u"现在的数据"_s);
@@ -305,7 +329,8 @@ void TestDataAdmin::restore_brings_back_the_copy() {
     QCOMPARE(DataAdmin::RestoreDatabase(file), QString());
     QCOMPARE(marker(), u"备份时的数据"_s);
     // The data replaced is kept beside the backups.
-    QCOMPARE(sqliteText(DataAdmin::SafetyCopyName(v.home()), u"select CompanyName from CompanyInfo"_s), u"后来的数据"_s);
+    QCOMPARE(sqliteText(DataAdmin::SafetyCopyName(v.home()), u"select CompanyName from CompanyInfo"_s),
+             u"后来的数据"_s);
 }
 
 void TestDataAdmin::restore_killed_midway_leaves_a_working_database_data() {
@@ -354,25 +379,29 @@ void TestDataAdmin::purge_counts_exactly() {
     db.exec(u"insert into Ware (WareID, WareTypeID, WareName, nownum) values ('w1', 't1', '啤酒', 12)"_s);
     db.exec(u"insert into Ware (WareID, WareTypeID, WareName, nownum) values ('w2', 't1', '可乐', 3)"_s);
     db.exec(u"insert into MemberSetup (SetupID, SetupName) values ('s1', '金卡')"_s);
-    db.exec(u"insert into Member (MemberCode, MemberName, SetupID, chongzhi) values ('M1', '张三', 's1', ?)"_s,
-            {Money::yuan(50)});
+    db.exec(
+        u"insert into Member (MemberCode, MemberName, SetupID, chongzhi) values ('M1', '张三', 's1', ?)"_s,
+        {Money::yuan(50)});
     db.exec(u"insert into Operator (OperatorID, LoginName, operatorname) values ('o2', 'cash', '收银员')"_s);
     db.exec(u"insert into Puissance (OperatorID, SysPuissanceID, isHave) values ('o2', 'S02', 1)"_s);
     writeBill(db, u"B1"_s, 3);
     writeBill(db, u"B2"_s, 2);
     const auto count = [&](const QString& table, const QString& where = {}) {
-        return db.scalar(u"select count(*) from "_s + table + (where.isEmpty() ? QString() : u" where "_s + where)).toInt();
+        return db
+            .scalar(u"select count(*) from "_s + table + (where.isEmpty() ? QString() : u" where "_s + where))
+            .toInt();
     };
     int expected = 0;
     for (const QString& t : {u"ExpenseDetail"_s, u"Expense"_s, u"Reservation"_s, u"WareInList"_s, u"WareIn"_s,
-                            u"OutsaleDetail"_s, u"Outsale"_s, u"Shouyininfo"_s, u"The"_s, u"Ware"_s})
+                             u"OutsaleDetail"_s, u"Outsale"_s, u"Shouyininfo"_s, u"The"_s, u"Ware"_s})
         expected += count(t);
     if (all) {
-        for (const QString& t : {u"Employee"_s, u"CompanyInfo"_s, u"chongzhi"_s, u"Member"_s, u"MemberSetup"_s,
-                                u"The"_s, u"TheAssort"_s, u"PayLevel"_s, u"WareLevel"_s, u"Ware"_s, u"WareType"_s,
-                                u"s_log"_s})
+        for (const QString& t :
+             {u"Employee"_s, u"CompanyInfo"_s, u"chongzhi"_s, u"Member"_s, u"MemberSetup"_s, u"The"_s,
+              u"TheAssort"_s, u"PayLevel"_s, u"WareLevel"_s, u"Ware"_s, u"WareType"_s, u"s_log"_s})
             expected += count(t);
-        expected += count(u"pSetup"_s, u"lower(setupname)<>'dbver'"_s) + count(u"Puissance"_s, u"OperatorID<>'qa042'"_s) +
+        expected += count(u"pSetup"_s, u"lower(setupname)<>'dbver'"_s) +
+                    count(u"Puissance"_s, u"OperatorID<>'qa042'"_s) +
                     count(u"Operator"_s, u"OperatorID<>'qa042'"_s);
     }
     const int grants = count(u"Puissance"_s, u"OperatorID='qa042'"_s);
@@ -388,10 +417,14 @@ void TestDataAdmin::versions_compare_over_the_shorter_list_data() {
     QTest::addColumn<QString>("a");
     QTest::addColumn<QString>("b");
     QTest::addColumn<int>("sign");
-    QTest::newRow("shorter list decides") << "5.2.1" << "5.2" << 0;
-    QTest::newRow("numbers, not text") << "5.10" << "5.9" << 1;
-    QTest::newRow("lower") << "4" << "5" << -1;
-    QTest::newRow("empty") << "" << "5" << -1;
+    QTest::newRow("shorter list decides") << "5.2.1"
+                                          << "5.2" << 0;
+    QTest::newRow("numbers, not text") << "5.10"
+                                       << "5.9" << 1;
+    QTest::newRow("lower") << "4"
+                           << "5" << -1;
+    QTest::newRow("empty") << ""
+                           << "5" << -1;
 }
 
 void TestDataAdmin::versions_compare_over_the_shorter_list() {
@@ -417,10 +450,11 @@ void TestDataAdmin::upgrade_pack_is_all_or_nothing() {
     QCOMPARE(Upgrade::CurrentVersion(), QString::number(Schema::latestVersion()));
     QVERIFY(GetIni(u"NowVer"_s).isEmpty());
 
-    QVERIFY(WriteIniFile(u"UpdateDB"_s, u"Do"_s,
-                         u"update CompanyInfo set CompanyName='升级后'| |update pSetup set setupvalue='99' where "
-                         "setupname='dbver'"_s,
-                         ini));
+    QVERIFY(
+        WriteIniFile(u"UpdateDB"_s, u"Do"_s,
+                     u"update CompanyInfo set CompanyName='升级后'| |update pSetup set setupvalue='99' where "
+                     "setupname='dbver'"_s,
+                     ini));
     Upgrade::ApplyPack(Upgrade::ReadPack(v.home()));
     QCOMPARE(marker(), u"升级后"_s);
     QCOMPARE(Upgrade::CurrentVersion(), u"99"_s);
@@ -430,14 +464,18 @@ void TestDataAdmin::upgrade_pack_is_all_or_nothing() {
     QVERIFY_THROWS_EXCEPTION(DbError, Upgrade::RunSql(u"delete from NoSuchTable"_s));
     Upgrade::RunSql(u"update CompanyInfo set CompanyName='手工'"_s);
     QCOMPARE(marker(), u"手工"_s);
-    QCOMPARE(DB().scalar(u"select count(*) from s_log where theContent like '%NoSuchTable%' and dook='失败'"_s).toInt(), 1);
+    QCOMPARE(
+        DB().scalar(u"select count(*) from s_log where theContent like '%NoSuchTable%' and dook='失败'"_s)
+            .toInt(),
+        1);
 }
 
 void TestDataAdmin::commissions_recalculate_from_todays_rates() {
     NEW_VENUE(v);
     Db& db = DB();
     QCOMPARE(Upgrade::RecalcCommissions(), 0);
-    db.exec(u"insert into Ware (WareID, WareName, tiCheng) values ('w1', '啤酒', ?)"_s, {Money::fromText(u"1.5"_s)});
+    db.exec(u"insert into Ware (WareID, WareName, tiCheng) values ('w1', '啤酒', ?)"_s,
+            {Money::fromText(u"1.5"_s)});
     const auto line = [&](const QString& id, const QString& ware, double num, const QVariant& who) {
         db.exec(u"insert into ExpenseDetail (DetailID, ExpenseID, WareID, num, Other1, TiChengMoney, isdel) "
                 "values (?, 'E1', ?, ?, ?, ?, ?)"_s,
@@ -450,7 +488,8 @@ void TestDataAdmin::commissions_recalculate_from_todays_rates() {
     line(u"nobody"_s, u"w1"_s, 5, QVariant(QMetaType::fromType<QString>()));
     QCOMPARE(Upgrade::RecalcCommissions(), 4);
     const auto money = [&](const QString& id) {
-        return Money::fromRaw(db.scalar(u"select TiChengMoney from ExpenseDetail where DetailID=?"_s, {id}).toLongLong());
+        return Money::fromRaw(
+            db.scalar(u"select TiChengMoney from ExpenseDetail where DetailID=?"_s, {id}).toLongLong());
     };
     QCOMPARE(money(u"named"_s), Money::fromText(u"4.5"_s));
     QCOMPARE(money(u"blank name"_s), Money::yuan(3));
@@ -480,13 +519,20 @@ void TestDataAdmin::import_previews_and_imports_all_or_nothing_data() {
         << QStringList{u"1004"_s, u"无类"_s, u"瓶"_s, u""_s, u"1"_s, u"t9"_s, u"1"_s, u"1"_s, u"1"_s}
         << QStringList{u"1005"_s, u"大"_s, u"瓶"_s, u""_s, u"1"_s, u"t1"_s, u"1e300"_s, u"1"_s, u"1"_s}
         << QStringList{u""_s, u"无编号"_s, u"瓶"_s, u""_s, u"1"_s, u"t1"_s, u"1"_s, u"1"_s, u"1"_s};
-    const QStringList why = {QString(), QString(), u"商品编号已存在"_s, u"商品编号在表中重复"_s, u"售价不是有效的数字"_s,
-                             u"商品类别编号不存在"_s, u"库存数量不是有效的数字"_s, u"商品编号为空"_s};
+    const QStringList why = {QString(),
+                             QString(),
+                             u"商品编号已存在"_s,
+                             u"商品编号在表中重复"_s,
+                             u"售价不是有效的数字"_s,
+                             u"商品类别编号不存在"_s,
+                             u"库存数量不是有效的数字"_s,
+                             u"商品编号为空"_s};
     QTest::newRow("csv with bad rows") << "csv" << bad << why;
     QTest::newRow("xlsx with bad rows") << "xlsx" << bad << why;
     QTest::newRow("xls with bad rows") << "xls" << bad << why;
     QList<QStringList> narrow;
-    for (const QStringList& r : good) narrow << r.mid(0, 8);
+    for (const QStringList& r : good)
+        narrow << r.mid(0, 8);
     QTest::newRow("eight columns") << "csv" << narrow << QStringList{u"少于9列"_s, u"少于9列"_s};
 }
 
@@ -507,7 +553,9 @@ void TestDataAdmin::import_previews_and_imports_all_or_nothing() {
         for (const QStringList& r : rows) {
             QStringList cells;
             for (const QString& c : r)
-                cells << (c.contains(u',') || c.contains(u'"') ? u"\""_s + QString(c).replace(u"\""_s, u"\"\""_s) + u"\""_s : c);
+                cells << (c.contains(u',') || c.contains(u'"')
+                              ? u"\""_s + QString(c).replace(u"\""_s, u"\"\""_s) + u"\""_s
+                              : c);
             text += cells.join(u',') + u"\r\n"_s;
         }
         QFile f(file);
@@ -519,15 +567,20 @@ void TestDataAdmin::import_previews_and_imports_all_or_nothing() {
     QCOMPARE(sheet.headers.first(), u"编号"_s);
     const GoodsImport::Preview p = GoodsImport::Check(sheet);
     QStringList got;
-    for (const auto& l : p.lines) got << l.refusal;
+    for (const auto& l : p.lines)
+        got << l.refusal;
     QCOMPARE(got, refusals);
     const int before = DB().scalar(u"select count(*) from Ware"_s).toInt();
     const GoodsImport::Outcome o = GoodsImport::Import(p);
     const bool clean = p.refused() == 0;
     QCOMPARE(o.imported, clean ? int(rows.size() - 1) : 0);
     QCOMPARE(DB().scalar(u"select count(*) from Ware"_s).toInt(), before + o.imported);
-    QVERIFY(o.info.endsWith(clean ? u"成功导入了 2 行数据"_s : u"请检查商品编号是否已存在，金额或数字值是否正确！"_s));
-    const QString log = DB().scalar(u"select theContent from s_log where theDoName='商品及服务' order by Logdate desc, logid desc"_s).toString();
+    QVERIFY(o.info.endsWith(clean ? u"成功导入了 2 行数据"_s
+                                  : u"请检查商品编号是否已存在，金额或数字值是否正确！"_s));
+    const QString log =
+        DB().scalar(
+                u"select theContent from s_log where theDoName='商品及服务' order by Logdate desc, logid desc"_s)
+            .toString();
     QCOMPARE(log, clean ? u"成功导入商品数据共计 2 条。"_s
                         : u"准备导入商品数据共计 %1 条，实际导入 0 条，未成功！"_s.arg(rows.size() - 1));
     if (clean) {
@@ -570,8 +623,8 @@ void TestDataAdmin::import_window_and_purge_window() {
     Msg::setNextAnswer(QMessageBox::Yes);
     setup.findChild<QPushButton*>(u"cmdClearBusinessData"_s)->click();
     QVERIFY(setup.programMustEnd());
-    QCOMPARE(messages().last(), u"系统共清除了%1条数据！\n系统将自动退出，退出后请您重新登陆系统！"_s
-                                    .arg(DB().scalar(u"select count(*) from The"_s).toInt() + 1));
+    QCOMPARE(messages().last(), u"系统共清除了%1条数据！\n系统将自动退出，退出后请您重新登陆系统！"_s.arg(
+                                    DB().scalar(u"select count(*) from The"_s).toInt() + 1));
 }
 
 // The child of the crash test: restores, and kills itself at the step it was given.
