@@ -1,7 +1,9 @@
 #include "SheetReader.h"
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QProcess>
 #include <QStringDecoder>
 #include <QXmlStreamReader>
 #include <cstring>
@@ -422,9 +424,66 @@ Sheet ReadXls(const QString& path, const QString& sheetName) {
     return fromRows(rows);
 }
 
+namespace {
+QString xlsReader() {
+    const QString dir = QCoreApplication::applicationDirPath();
+#ifdef Q_OS_WIN
+    const QString name = QStringLiteral("singbox-xls.exe");
+#else
+    const QString name = QStringLiteral("singbox-xls");
+#endif
+    QStringList candidates = {qEnvironmentVariable("SINGBOX_XLS_READER"), dir + u'/' + name,
+                              dir + QStringLiteral("/../libexec/singbox/") + name};
+#ifdef SINGBOX_XLS_READER_BUILD
+    candidates << QStringLiteral(SINGBOX_XLS_READER_BUILD);
+#endif
+    for (const QString& c : candidates)
+        if (!c.isEmpty() && QFileInfo(c).isExecutable()) return c;
+    return {};
+}
+
+QString unescaped(const QByteArray& cell) {
+    QByteArray out;
+    for (qsizetype i = 0; i < cell.size(); ++i) {
+        if (cell[i] != '\\' || i + 1 == cell.size()) {
+            out += cell[i];
+            continue;
+        }
+        const char c = cell[++i];
+        out += c == 't' ? '\t' : c == 'r' ? '\r' : c == 'n' ? '\n' : c;
+    }
+    return QString::fromUtf8(out);
+}
+} // namespace
+
+Sheet ReadXlsIsolated(const QString& path, const QString& sheetName) {
+    const QString reader = xlsReader();
+    if (reader.isEmpty()) return failed(QStringLiteral("找不到读取 .xls 文件的程序 singbox-xls"));
+    QProcess p;
+    p.start(reader, {path, sheetName});
+    if (!p.waitForFinished(60000)) {
+        p.kill();
+        p.waitForFinished(1000);
+        return failed(QStringLiteral("读取文件超时"));
+    }
+    const QList<QByteArray> lines = p.readAllStandardOutput().split('\n');
+    if (p.exitStatus() != QProcess::NormalExit || p.exitCode() != 0 || lines.isEmpty())
+        return failed(QStringLiteral("文件不是有效的 Excel 工作簿"));
+    if (lines.first().startsWith("ERR")) return failed(unescaped(lines.first().mid(4)));
+    QList<QStringList> rows;
+    for (qsizetype i = 1; i < lines.size(); ++i) {
+        if (lines[i].isEmpty()) continue;
+        QStringList row;
+        for (const QByteArray& cell : lines[i].split('\t'))
+            row << unescaped(cell);
+        rows << row;
+    }
+    return fromRows(rows);
+}
+
 Sheet ReadSheet(const QString& path, const QString& sheetName) {
     const QString suffix = QFileInfo(path).suffix().toLower();
-    if (suffix == u"xls") return ReadXls(path, sheetName);
+    if (suffix == u"xls") return ReadXlsIsolated(path, sheetName);
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) return failed(f.errorString());
     if (f.size() > SheetLimits::EntryBytes) return failed(QStringLiteral("文件太大"));

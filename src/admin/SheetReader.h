@@ -27,4 +27,7 @@ Sheet ReadSheet(const QString& path, const QString& sheetName);
 
 Sheet ReadCsv(const QByteArray& bytes);
 Sheet ReadXlsx(const QByteArray& bytes, const QString& sheetName);
+// In this process; freexl has been seen to overrun a buffer on a damaged file, so the
+// program reads through ReadXlsIsolated, which runs this in the helper singbox-xls.
 Sheet ReadXls(const QString& path, const QString& sheetName);
+Sheet ReadXlsIsolated(const QString& path, const QString& sheetName);

@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QStringDecoder>
 #include <QStringEncoder>
+#include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
 #include <xlsxwriter.h>
@@ -215,6 +216,7 @@ class TestDataAdmin : public QObject {
     void import_previews_and_imports_all_or_nothing_data();
     void import_previews_and_imports_all_or_nothing();
     void import_window_and_purge_window();
+    void xls_reader_dying_is_a_refusal();
 };
 
 void TestDataAdmin::backup_is_consistent_while_a_bill_is_written_data() {
@@ -625,6 +627,23 @@ void TestDataAdmin::import_window_and_purge_window() {
     QVERIFY(setup.programMustEnd());
     QCOMPARE(messages().last(), u"系统共清除了%1条数据！\n系统将自动退出，退出后请您重新登陆系统！"_s.arg(
                                     DB().scalar(u"select count(*) from The"_s).toInt() + 1));
+}
+
+void TestDataAdmin::xls_reader_dying_is_a_refusal() {
+    // freexl can overrun a buffer on a damaged file: the reader's process dies, not the till.
+    QTemporaryDir dir;
+    const QString reader = dir.filePath(u"dies"_s), file = dir.filePath(u"goods.xls"_s);
+    for (const auto& [path, text] :
+         {std::pair{reader, QByteArray("#!/bin/sh\nkill -9 $$\n")}, {file, QByteArray("x")}}) {
+        QFile f(path);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(text);
+    }
+    QFile::setPermissions(reader, QFile::ReadOwner | QFile::ExeOwner);
+    qputenv("SINGBOX_XLS_READER", reader.toLocal8Bit());
+    const Sheet s = ReadSheet(file, u"Sheet1"_s);
+    qunsetenv("SINGBOX_XLS_READER");
+    QCOMPARE(s.error, u"文件不是有效的 Excel 工作簿"_s);
 }
 
 // The child of the crash test: restores, and kills itself at the step it was given.
