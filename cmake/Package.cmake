@@ -6,6 +6,8 @@ set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
 install(TARGETS singbox RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# The .xls reader the program starts for each file, beside it in the package's own folder.
+install(TARGETS singbox-xls RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/singbox)
 
 if(UNIX AND NOT APPLE)
   set(linux ${PROJECT_SOURCE_DIR}/resources/linux)

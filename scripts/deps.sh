@@ -5,6 +5,7 @@ pkgs=(
   build-essential cmake ninja-build ccache pkg-config git
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libqt6svg6-dev qt6-charts-dev libqt6opengl6-dev
   libgl-dev libsodium-dev libsqlite3-dev libicu-dev libxlsxwriter-dev libbenchmark-dev
+  libminizip-dev libfreexl-dev
   postgresql fonts-noto-cjk xvfb xauth xdg-utils poppler-utils
   dpkg-dev file desktop-file-utils appstream
 )

@@ -32,6 +32,12 @@
 #include "frmEmployee.h"
 #include "frmEmployeeList.h"
 #include "frmLog.h"
+#include "frmDataImport.h"
+#include "frmSetup.h"
+#include "frmUpdate.h"
+#include "Ini.h"
+#include <QLabel>
+#include <QPushButton>
 #include "frmLogSetup.h"
 #include "frmOperator.h"
 #include "frmOperatorList.h"
@@ -347,6 +353,30 @@ int main(int argc, char** argv) {
     frmWarehouseNum stock;
     stock.LoadData();
     save(&stock, QStringLiteral("frmWarehouseNum"));
+    // Data management, the upgrade window with a pack waiting, and an import preview with
+    // a row it refuses.
+    frmSetup setup;
+    save(&setup, QStringLiteral("frmSetup"));
+    const QString pack = QDir(App().AppPath).filePath(QStringLiteral("Update/config.ini"));
+    WriteIniFile(QStringLiteral("Info"), QStringLiteral("NewVer"), QStringLiteral("99"), pack);
+    frmUpdate update;
+    save(&update, QStringLiteral("frmUpdate"));
+    QFile::remove(pack);
+    const QString goods = QDir(App().AppPath).filePath(QStringLiteral("Other/goods.csv"));
+    {
+        const QString type = DB().scalar(QStringLiteral("select WareTypeID from WareType")).toString();
+        QFile f(goods);
+        if (f.open(QIODevice::WriteOnly))
+            f.write(QStringLiteral("编号,名称,单位,助记码,售价,类别,库存,最低库存,进价\n"
+                                   "9001,百威啤酒,瓶,BWPJ,15,%1,48,12,6.5\n9002,芝华士 12年,瓶,ZHS,688,%1,6,2,320\n"
+                                   "9003,爆米花,份,BMH,十八,%1,0,0,3\n")
+                        .arg(type)
+                        .toUtf8());
+    }
+    frmDataImport import;
+    import.findChild<QLineEdit*>(QStringLiteral("txtFileName"))->setText(goods);
+    import.cmdShowData_Click();
+    save(&import, QStringLiteral("frmDataImport"));
     PrintShots(g_out, DB().scalar(QStringLiteral("select ExpenseID from The where TheID=?"), {busy}).toString());
     DB().close();
     return 0;

@@ -1,4 +1,5 @@
 #include "frmOption.h"
+#include "frmDataImport.h"
 #include "AppState.h"
 #include "BusinessRules.h"
 #include "Clock.h"
@@ -82,8 +83,11 @@ frmOption::frmOption(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui:
                {QStringLiteral("编号"), QStringLiteral("分类名称"), QStringLiteral("时段折扣"),
                 QStringLiteral("不参与会员折扣"), QStringLiteral("后厨打印"), QStringLiteral("吧台打印")});
     SortListOnHeaderClick(ui->lvwWare);
-    // Goods import is later work.
-    ui->cmdDataImportWare->setEnabled(false);
+    connect(ui->cmdDataImportWare, &QPushButton::clicked, this, [this] {
+        if (!CheckButton(this, QStringLiteral("cmdDataImportWare"))) return;
+        frmDataImport dlg(this);
+        if (dlg.ShowMe() > 0) loadWares();
+    });
     QMenu* wareExport = ExportMenu(this, ui->lvwWare);
     connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, wareExport] {
         if (!CheckButton(this, QStringLiteral("cmdOutExcel"))) return;

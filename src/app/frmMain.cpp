@@ -1,7 +1,9 @@
 #include "frmMain.h"
 #include "AppState.h"
 #include "Artwork.h"
-#include "Backup.h"
+#include "DataAdmin.h"
+#include "frmSetup.h"
+#include "frmUpdate.h"
 #include "Desktop.h"
 #include "Ini.h"
 #include "Log.h"
@@ -142,6 +144,21 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         frmLog dlg(this);
         dlg.ShowMe();
     });
+    // After a restore or a purge the program ends at once, as nothing loaded may outlive the data.
+    wire(QStringLiteral("mnuSetup"), [this] {
+        frmSetup dlg(this);
+        dlg.ShowMe();
+        if (dlg.programMustEnd()) {
+            m_exiting = true;
+            QCoreApplication::exit(0);
+        }
+    });
+    const auto showUpdate = [this] {
+        frmUpdate dlg(this);
+        dlg.ShowMe();
+    };
+    wire(QStringLiteral("mnuDBSQL"), showUpdate);
+    wire(QStringLiteral("mnuUpdate"), showUpdate);
     wire(QStringLiteral("tbrOPTION"), [this] { runCommand(QStringLiteral("mnuBusCommon")); });
     // Stock: the suppliers, and the stock on hand while stock keeping is on.
     wire(QStringLiteral("mnuSupplierList"), [this] {
@@ -449,9 +466,8 @@ void frmMain::SaveInfo() {
         Msg::critical(this, e.message(QStringLiteral("SaveInfo"), QStringLiteral("frmMain")));
     }
     if (App().IsDBBackup) {
-        QString error;
-        if (!BackupSqlite(DB(), DefaultBackupName(App().AppPath), &error))
-            Msg::critical(this, QStringLiteral("数据备份时出错！\n错误描述：") + error);
+        const QString error = DataAdmin::BackupDatabase(QString(), true);
+        if (!error.isEmpty()) Msg::critical(this, DataAdmin::BackupErrorText(error));
     }
 }
 

@@ -24,6 +24,9 @@ bool CheckPuissance(const QString& code) {
 const QList<GuardedButton>& GuardedButtons() {
     static const QList<GuardedButton> table{
         {QStringLiteral("frmOption"), QStringLiteral("cmdOutExcel"), QStringLiteral("S010")},
+        {QStringLiteral("frmOption"), QStringLiteral("cmdDataImportWare"), QStringLiteral("S011")},
+        // The window opens from the upgrade menu item as well; its free statement always asks.
+        {QStringLiteral("frmUpdate"), QStringLiteral("cmdSQL"), QStringLiteral("S050")},
         {QStringLiteral("frmOption"), QStringLiteral("cmdPayLevelAdd"), QStringLiteral("C001")},
         {QStringLiteral("frmOption"), QStringLiteral("cmdPayLevelEdit"), QStringLiteral("C001")},
         {QStringLiteral("frmOption"), QStringLiteral("cmdPayLevelDel"), QStringLiteral("C001")},

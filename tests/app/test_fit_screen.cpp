@@ -7,6 +7,9 @@
 #include "StockRecords.h"
 #include "TestKit.h"
 #include "frmCheckForm.h"
+#include "frmDataImport.h"
+#include "frmSetup.h"
+#include "frmUpdate.h"
 #include "frmBusReorder.h"
 #include "frmChart.h"
 #include "frmFind.h"
@@ -133,6 +136,12 @@ const QList<Window>& windows() {
          dialog<frmBusReorder>([](auto*, auto&) { return true; })},
         {"chart", "cmdFind cmdClose C1Tab1",
          dialog<frmChart>([](auto*, auto&) { return true; })},
+        {"data management", "cmdClose cmdBackup cmdResume cmdClearAllData",
+         dialog<frmSetup>([](auto*, auto&) { return true; })},
+        {"upgrade", "cmdCancel cmdUpdate cmdSQL Command1",
+         dialog<frmUpdate>([](auto*, auto&) { return true; })},
+        {"goods import", "cmdClose cmdShowData cmdDo",
+         dialog<frmDataImport>([](auto*, auto&) { return true; })},
     };
     // clang-format on
     return all;

@@ -51,7 +51,7 @@ class TestHomePage : public QObject {
             {"outsale", "frmOutSale"}, {"doreservation", "frmEditReservation"}, {"showreservation", "frmReservation"},
             {"changepw", "frmChangePw"}, {"showlog", "frmLog"}, {"setuplog", "frmLogSetup"},
             {"findchongzhi0", "frmChongzhiList"}, {"chongzhi", "frmChongzhiList"}, {"appexit", "message"},
-            {"checkform", "frmCheckForm"}, {"shouyininfo", "frmShouyinInfo"}, {"showsyssetup", ""}, {"showwarehousenum", "message"}, {"supplier", "frmSupplierList"},
+            {"checkform", "frmCheckForm"}, {"shouyininfo", "frmShouyinInfo"}, {"showsyssetup", "frmSetup"}, {"showwarehousenum", "message"}, {"supplier", "frmSupplierList"},
             {"find0", "frmFind/tabExpense"}, {"find1", "frmFind/tabExpense"}, {"find2", "frmFind/tabExpense"}, {"findbusincome0", "frmFindIncome/tabExpense"},
             {"findbusincome1", "frmFindIncome/tabExpense"}, {"findbusincome2", "frmFindIncome/tabExpense"},
             {"findpaihang", "frmBusReorder"}, {"showbusreorder0", "frmBusReorder"}, {"showbusreorder1", "frmBusReorder"},

@@ -15,6 +15,7 @@
 #include "frmReservation.h"
 #include "frmSetupMember.h"
 #include "frmSupplierList.h"
+#include "frmUpdate.h"
 #include <QAbstractButton>
 
 namespace {
@@ -73,6 +74,7 @@ class TestRightsSweep : public QObject {
         add(new frmSetupMember);
         add(new frmReservation);
         add(new frmSupplierList);
+        add(new frmUpdate);
         const auto button = [&](const GuardedButton& g) -> QAbstractButton* {
             for (const auto& [name, form] : forms) {
                 QWidget* w = name == g.form ? form.get() : form->findChild<QWidget*>(g.form);
