@@ -11,21 +11,6 @@ Rows IncomeService::sales(const QDateTime& start, const QDateTime& end) const {
     return m_db.query(QStringLiteral("select Outsale.* from Outsale where ") + cond, p);
 }
 
-IncomeTotals IncomeService::totals(const Rows& bills, const Rows& sales) {
-    IncomeTotals t;
-    t.bills = bills.count();
-    t.sales = sales.count();
-    t.customers = SumInteger(bills, QStringLiteral("CustomerNum"));
-    t.startMoney = SumMoney(bills, QStringLiteral("StartMoney"));
-    t.oughtMoney = SumMoney(bills, QStringLiteral("oughtMoney"));
-    t.factPay = SumMoney(bills, QStringLiteral("factpay"));
-    t.income = SumMoney(bills, QStringLiteral("Income"));
-    t.saleOught = SumMoney(sales, QStringLiteral("oughtMoney"));
-    t.saleFact = SumMoney(sales, QStringLiteral("factpay"));
-    t.saleIncome = SumMoney(sales, QStringLiteral("Income"));
-    return t;
-}
-
 Rows ReorderService::goods(const QDateTime& start, const QDateTime& end, RankBy by) const {
     Params p;
     const QString cond = PeriodCondition(QStringLiteral("ExpenseDetail.ExpenseTime"), start, end, p);

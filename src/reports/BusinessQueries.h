@@ -5,13 +5,6 @@
 #include <QDateTime>
 
 // The profit of bills and counter sales over a period: what settlement stored in Income.
-struct IncomeTotals {
-    qint64 customers = 0;
-    Money startMoney, oughtMoney, factPay, income;
-    Money saleOught, saleFact, saleIncome;
-    int bills = 0, sales = 0;
-};
-
 class IncomeService {
   public:
     explicit IncomeService(Db& db = DB()) : m_db(db) {}
@@ -19,7 +12,6 @@ class IncomeService {
     Rows bills(const QDateTime& start, const QDateTime& end, const VoucherChoice& choice) const;
     // Counter sales closed in the period.
     Rows sales(const QDateTime& start, const QDateTime& end) const;
-    static IncomeTotals totals(const Rows& bills, const Rows& sales);
 
   private:
     Db& m_db;

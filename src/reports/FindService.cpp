@@ -83,8 +83,10 @@ FindTotals FindService::totals(const Rows& bills, const Rows& sales) {
     t.cashPay = SumMoney(bills, QStringLiteral("CashPay"));
     t.chongzhiPay = SumMoney(bills, QStringLiteral("chongzhipay"));
     t.freePay = SumMoney(bills, QStringLiteral("freepay"));
+    t.income = SumMoney(bills, QStringLiteral("Income"));
     t.saleOught = SumMoney(sales, QStringLiteral("oughtMoney"));
     t.saleFact = SumMoney(sales, QStringLiteral("factpay"));
+    t.saleIncome = SumMoney(sales, QStringLiteral("Income"));
     return t;
 }
 

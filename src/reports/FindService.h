@@ -22,11 +22,11 @@ QString PeriodCondition(const QString& column, const QDateTime& start, const QDa
 Money SumMoney(const Rows& rows, const QString& column);
 qint64 SumInteger(const Rows& rows, const QString& column);
 
-// The bill query's sums, each over its list.
+// The sums of the bill query and of the income query, each over its list.
 struct FindTotals {
     qint64 customers = 0;
-    Money startMoney, oughtMoney, factPay, cashPay, chongzhiPay, freePay;
-    Money saleOught, saleFact;
+    Money startMoney, oughtMoney, factPay, cashPay, chongzhiPay, freePay, income;
+    Money saleOught, saleFact, saleIncome;
     int bills = 0, sales = 0;
 };
 

@@ -10,7 +10,6 @@
 #include "ReportQuery.h"
 #include "ScreenFit.h"
 #include "ui_frmBusReorder.h"
-#include <QMenu>
 
 namespace {
 const QString Form = QStringLiteral("frmBusReorder");
@@ -36,11 +35,8 @@ frmBusReorder::frmBusReorder(QWidget* parent) : QDialog(parent), ui(std::make_un
     }
     connect(ui->cmdFind, &QPushButton::clicked, this, &frmBusReorder::cmdFind_Click);
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
-    QMenu* mnuExport = ExportMenu(this, [this]() -> QTreeView* {
+    ExportButton(ui->cmdOutExcel, [this]() -> QTreeView* {
         return ui->ctabThis->currentWidget() == ui->steward ? ui->lvwSteward : ui->lvwWare;
-    });
-    connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, mnuExport] {
-        mnuExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
     });
 }
 

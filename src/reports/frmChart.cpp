@@ -10,7 +10,6 @@
 #include <QBarCategoryAxis>
 #include <QChart>
 #include <QLineSeries>
-#include <QMenu>
 #include <QValueAxis>
 #include <algorithm>
 #include <cmath>
@@ -31,10 +30,7 @@ frmChart::frmChart(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::f
     ui->chaThis->chart()->legend()->setAlignment(Qt::AlignBottom);
     connect(ui->cmdFind, &QPushButton::clicked, this, &frmChart::LoadExpense);
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
-    QMenu* mnuExport = ExportMenu(this, ui->lvwExpense);
-    connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, mnuExport] {
-        mnuExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
-    });
+    ExportButton(ui->cmdOutExcel, [this] { return ui->lvwExpense; });
 }
 
 frmChart::~frmChart() = default;
@@ -98,7 +94,9 @@ void frmChart::buildChart() {
         chart->addSeries(s);
     auto* x = new QBarCategoryAxis(chart);
     x->append(labels.isEmpty() ? QStringList{QString()} : labels);
-    x->setLabelsAngle(labels.size() > 12 ? -60 : 0);
+    // Days stand upright when there are many; week and month numbers fit as they are.
+    const bool longLabels = std::any_of(labels.begin(), labels.end(), [](const QString& l) { return l.size() > 4; });
+    x->setLabelsAngle(longLabels && labels.size() > 8 ? -90 : 0);
     auto* y = new QValueAxis(chart);
     y->setLabelFormat(QStringLiteral("%.0f"));
     y->setTitleText(QStringLiteral("金额（元）"));

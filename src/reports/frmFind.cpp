@@ -13,7 +13,6 @@
 #include "RowsList.h"
 #include "ScreenFit.h"
 #include "ui_frmFind.h"
-#include <QMenu>
 
 namespace {
 const QString Form = QStringLiteral("frmFind");
@@ -45,11 +44,8 @@ frmFind::frmFind(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frm
     connect(ui->lvwOutSale->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &frmFind::LoadDataOutsaleDetail);
     // The export menu exports the list of the tab in front.
-    QMenu* mnuExport = ExportMenu(this, [this]() -> QTreeView* {
+    ExportButton(ui->cmdOutExcel, [this]() -> QTreeView* {
         return ui->ctbThis->currentWidget() == ui->tabOutSale ? ui->lvwOutSale : ui->lvwExpense;
-    });
-    connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, mnuExport] {
-        mnuExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
     });
 }
 

@@ -8,7 +8,6 @@
 #include "RowsList.h"
 #include "ScreenFit.h"
 #include "ui_frmFindIncome.h"
-#include <QMenu>
 
 namespace {
 const QString Form = QStringLiteral("frmFindIncome");
@@ -31,11 +30,8 @@ frmFindIncome::frmFindIncome(QWidget* parent) : QDialog(parent), ui(std::make_un
     }
     connect(ui->cmdFind, &QPushButton::clicked, this, &frmFindIncome::cmdFind_Click);
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
-    QMenu* mnuExport = ExportMenu(this, [this]() -> QTreeView* {
+    ExportButton(ui->cmdOutExcel, [this]() -> QTreeView* {
         return ui->ctbThis->currentWidget() == ui->tabOutSale ? ui->lvwOutSale : ui->lvwExpense;
-    });
-    connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, mnuExport] {
-        mnuExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
     });
 }
 
@@ -63,7 +59,7 @@ void frmFindIncome::cmdFind_Click() {
     const VoucherChoice choice = ChoiceOf(ui->lstState);
     struct Result {
         PreparedRows bills, sales;
-        IncomeTotals totals;
+        FindTotals totals;
     };
     auto result = std::make_shared<Result>();
     m_query->run(
@@ -73,7 +69,7 @@ void frmFindIncome::cmdFind_Click() {
             const Rows sales = s.sales(start, end);
             result->bills = PrepareRows(QStringLiteral("frmFindIncome.lvwExpense"), bills, db);
             result->sales = PrepareRows(QStringLiteral("frmFindIncome.lvwOutSale"), sales, db);
-            result->totals = IncomeService::totals(bills, sales);
+            result->totals = FindService::totals(bills, sales);
         },
         [this, result] {
             ShowPreparedRows(ui->lvwExpense, result->bills, true);
@@ -83,7 +79,7 @@ void frmFindIncome::cmdFind_Click() {
         [this](const DbError& e) { Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form)); });
 }
 
-void frmFindIncome::showTotals(const IncomeTotals& t) {
+void frmFindIncome::showTotals(const FindTotals& t) {
     ui->lblSumNum->setText(FormatNumber(double(t.customers), QStringLiteral("0.00")));
     ui->lblSumStartMoney->setText(plain(t.startMoney));
     ui->lblSumExpenseMoney->setText(plain(t.oughtMoney));

@@ -7,7 +7,7 @@ namespace Ui {
 class frmFindIncome;
 }
 class ReportQuery;
-struct IncomeTotals;
+struct FindTotals;
 
 // "营业利润统计": the profit settlement stored on each bill and counter sale of a period.
 class frmFindIncome : public QDialog {
@@ -22,7 +22,7 @@ class frmFindIncome : public QDialog {
     ReportQuery& query() const { return *m_query; }
 
   private:
-    void showTotals(const IncomeTotals& t);
+    void showTotals(const FindTotals& t);
 
     std::unique_ptr<Ui::frmFindIncome> ui;
     ReportQuery* m_query;

@@ -7,7 +7,6 @@
 #include "ScreenFit.h"
 #include "StoredValueService.h"
 #include "ui_frmShouyinInfo.h"
-#include <QMenu>
 
 frmShouyinInfo::frmShouyinInfo(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmShouyinInfo>()) {
     ui->setupUi(this);
@@ -16,10 +15,7 @@ frmShouyinInfo::frmShouyinInfo(QWidget* parent) : QDialog(parent), ui(std::make_
     for (int i = 0; i < 3; ++i)
         connect(days[i], &QRadioButton::clicked, this, [this, i] { optDay_Click(i); });
     connect(ui->cmdFind, &QPushButton::clicked, this, &frmShouyinInfo::cmdFind_Click);
-    QMenu* mnuExport = ExportMenu(this, ui->lvwExpense);
-    connect(ui->cmdOutExcel, &QPushButton::clicked, this, [this, mnuExport] {
-        mnuExport->popup(ui->cmdOutExcel->mapToGlobal(QPoint(0, ui->cmdOutExcel->height())));
-    });
+    ExportButton(ui->cmdOutExcel, [this] { return ui->lvwExpense; });
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     optDay_Click(0);
 }

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QHeaderView>
 #include <QMenu>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QTreeView>
@@ -187,4 +188,10 @@ QMenu* ExportMenu(QWidget* parent, std::function<QTreeView*()> list) {
     QObject::connect(excel, &QAction::triggered, menu, [list] { ExportExcel(list()); });
     QObject::connect(text, &QAction::triggered, menu, [list] { ExportText(list()); });
     return menu;
+}
+
+void ExportButton(QPushButton* button, std::function<QTreeView*()> list) {
+    QMenu* menu = ExportMenu(button, std::move(list));
+    QObject::connect(button, &QPushButton::clicked, menu,
+                     [button, menu] { menu->popup(button->mapToGlobal(QPoint(0, button->height()))); });
 }

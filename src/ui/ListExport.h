@@ -3,6 +3,7 @@
 #include <functional>
 
 class QMenu;
+class QPushButton;
 class QTreeView;
 class QWidget;
 
@@ -33,3 +34,6 @@ QString ExportText(QTreeView* list);
 QMenu* ExportMenu(QWidget* parent, QTreeView* list);
 // The same for a window of several lists: `list` names the one in front when chosen.
 QMenu* ExportMenu(QWidget* parent, std::function<QTreeView*()> list);
+
+// An export button: a click pops the export menu up beneath it, for the list `list` names.
+void ExportButton(QPushButton* button, std::function<QTreeView*()> list);
