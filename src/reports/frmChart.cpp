@@ -94,9 +94,10 @@ void frmChart::buildChart() {
         chart->addSeries(s);
     auto* x = new QBarCategoryAxis(chart);
     x->append(labels.isEmpty() ? QStringList{QString()} : labels);
-    // Days stand upright when there are many; week and month numbers fit as they are.
+    // Labels stand upright when lying they would not fit: days beyond a week, numbers
+    // beyond half a year of weeks.
     const bool longLabels = std::any_of(labels.begin(), labels.end(), [](const QString& l) { return l.size() > 4; });
-    x->setLabelsAngle(longLabels && labels.size() > 8 ? -90 : 0);
+    x->setLabelsAngle((longLabels && labels.size() > 8) || labels.size() > 24 ? -90 : 0);
     auto* y = new QValueAxis(chart);
     y->setLabelFormat(QStringLiteral("%.0f"));
     y->setTitleText(QStringLiteral("金额（元）"));
