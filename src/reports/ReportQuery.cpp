@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QProgressBar>
+#include <QPointer>
 #include <QThread>
 #include <QWidget>
 #include <optional>
@@ -16,10 +17,33 @@ ReportQuery::ReportQuery(QWidget* trigger, QProgressBar* progress, QObject* pare
     }
 }
 
+namespace {
+// Searches whose window closed before they ended. They finish on their own; the program
+// waits for them only when it quits, so that no read outlives the database connections.
+QList<QPointer<QThread>>& orphans() {
+    static QList<QPointer<QThread>> list;
+    return list;
+}
+
+void adopt(QThread* thread) {
+    if (orphans().isEmpty() && QCoreApplication::instance())
+        QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit,
+                         QCoreApplication::instance(), [] {
+                             for (const QPointer<QThread>& t : std::as_const(orphans()))
+                                 if (t) t->wait();
+                         });
+    orphans().removeAll(nullptr);
+    orphans() << thread;
+    QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+    if (thread->isFinished()) thread->deleteLater();
+}
+} // namespace
+
 ReportQuery::~ReportQuery() {
+    // A window closed while its search runs doesn't wait for it.
     if (m_thread) {
-        m_thread->wait();
-        delete m_thread;
+        QObject::disconnect(m_thread, nullptr, this, nullptr);
+        adopt(m_thread);
     }
 }
 

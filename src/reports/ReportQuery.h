@@ -15,7 +15,8 @@ class ReportQuery : public QObject {
     Q_OBJECT
   public:
     ReportQuery(QWidget* trigger, QProgressBar* progress, QObject* parent);
-    ~ReportQuery() override; // waits for a read still running
+    // A read still running ends on its own; its results go nowhere.
+    ~ReportQuery() override;
 
     bool busy() const { return m_thread != nullptr; }
     // `read` runs on the worker thread with its own connection to the venue's database;

@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QDateTimeEdit>
 #include <QPushButton>
+#include <QSemaphore>
 #include <QFile>
 #include <QListWidget>
 #include <QTest>
@@ -154,6 +155,19 @@ class TestFind : public QObject {
         QCOMPARE(texts(&w, {"lblSumNum", "lblSumMoney", "lblSumMoneyOutsale"}), u"||"_s);
         QCOMPARE(bills->model()->rowCount(), 0);
         QCOMPARE(messages(), QStringList());
+    }
+
+    // A window closed during a long search closes at once; the search ends by itself.
+    void closingDoesNotWait() {
+        NEW_VENUE(v);
+        QSemaphore go;
+        auto ended = std::make_shared<QAtomicInt>(0);
+        auto* q = new ReportQuery(nullptr, nullptr, nullptr);
+        QVERIFY(q->run([&go, ended](Db&) { go.acquire(); ended->storeRelaxed(1); }, [] {}, [](const DbError&) {}));
+        QVERIFY(!q->run([](Db&) {}, [] {}, [](const DbError&) {})); // one at a time
+        delete q; // would wait for ever for the search it holds back
+        go.release();
+        QTRY_COMPARE(ended->loadRelaxed(), 1);
     }
 };
 
