@@ -51,6 +51,16 @@
 #include "ChangeFeed.h"
 #include <QToolBar>
 
+namespace {
+// Opens a report window on a preset period (0 today, 1 this week, 2 this month).
+template <class W> std::function<void()> periodWindow(QWidget* parent, int period) {
+    return [parent, period] {
+        W dlg(parent);
+        dlg.ShowMe(period);
+    };
+}
+} // namespace
+
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()) {
     ui->setupUi(this);
     setWindowTitle(App().AppTitle);
@@ -180,28 +190,14 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
         frmShouyinInfo dlg(this);
         dlg.ShowMe();
     });
-    // The bill query on today, this week or this month.
-    const auto showFind = [this](int period) {
-        frmFind dlg(this);
-        dlg.ShowMe(period);
-    };
-    wire(QStringLiteral("mnuFind"), [showFind] { showFind(0); });
-    wire(QStringLiteral("webFind1"), [showFind] { showFind(1); });
-    wire(QStringLiteral("webFind2"), [showFind] { showFind(2); });
-    const auto showIncome = [this](int period) {
-        frmFindIncome dlg(this);
-        dlg.ShowMe(period);
-    };
-    wire(QStringLiteral("mnuBusFindIncome"), [showIncome] { showIncome(0); });
-    wire(QStringLiteral("webFindIncome1"), [showIncome] { showIncome(1); });
-    wire(QStringLiteral("webFindIncome2"), [showIncome] { showIncome(2); });
-    const auto showReorder = [this](int period) {
-        frmBusReorder dlg(this);
-        dlg.ShowMe(period);
-    };
-    wire(QStringLiteral("mnuBusReorder"), [showReorder] { showReorder(0); });
-    wire(QStringLiteral("webBusReorder1"), [showReorder] { showReorder(1); });
-    wire(QStringLiteral("webBusReorder2"), [showReorder] { showReorder(2); });
+    // The reports that open on today, this week or this month, from the menu and the home page.
+    for (int p = 0; p < 3; ++p) {
+        wire(p == 0 ? QStringLiteral("mnuFind") : QStringLiteral("webFind%1").arg(p), periodWindow<frmFind>(this, p));
+        wire(p == 0 ? QStringLiteral("mnuBusFindIncome") : QStringLiteral("webFindIncome%1").arg(p),
+             periodWindow<frmFindIncome>(this, p));
+        wire(p == 0 ? QStringLiteral("mnuBusReorder") : QStringLiteral("webBusReorder%1").arg(p),
+             periodWindow<frmBusReorder>(this, p));
+    }
     wire(QStringLiteral("mnuFindChart"), [this] {
         frmChart dlg(this);
         dlg.ShowMe();

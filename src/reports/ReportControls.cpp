@@ -1,9 +1,14 @@
 #include "ReportControls.h"
 #include "Clock.h"
+#include "ListExport.h"
+#include "ListSort.h"
+#include "RowsList.h"
 #include "StoredValueService.h"
 #include <QDateTimeEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QTabWidget>
+#include <QTreeView>
 
 void PeriodControls::install(QWidget* owner, int period) {
     for (int i = 0; i < 3; ++i)
@@ -35,4 +40,12 @@ void FillStateList(QListWidget* list, bool withDeferred) {
 VoucherChoice ChoiceOf(const QListWidget* list) {
     const auto on = [list](int i) { return i < list->count() && list->item(i)->isSelected(); };
     return {on(0), on(1), on(2)};
+}
+
+void InstallBillTabs(QTabWidget* tabs, QTreeView* bills, QTreeView* sales, QPushButton* exportButton) {
+    for (QTreeView* list : {bills, sales}) {
+        list->setModel(new RowsModel(list));
+        SortListOnHeaderClick(list);
+    }
+    ExportButton(exportButton, [tabs, bills, sales] { return tabs->currentWidget()->isAncestorOf(sales) ? sales : bills; });
 }

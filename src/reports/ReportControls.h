@@ -2,6 +2,9 @@
 #include "FindService.h"
 
 class QDateTimeEdit;
+class QPushButton;
+class QTabWidget;
+class QTreeView;
 class QListWidget;
 class QRadioButton;
 class QWidget;
@@ -20,3 +23,7 @@ struct PeriodControls {
 // "现结帐单", "免费帐单 " and, with `withDeferred`, "挂帐帐单", all selected.
 void FillStateList(QListWidget* list, bool withDeferred);
 VoucherChoice ChoiceOf(const QListWidget* list);
+
+// The bills and counter sales tabs of the bill and income queries: both lists on the lazy
+// model, sorted by a header click; the export button exports the list of the tab in front.
+void InstallBillTabs(QTabWidget* tabs, QTreeView* bills, QTreeView* sales, QPushButton* exportButton);

@@ -57,7 +57,7 @@ void frmBusReorder::cmdFind_Click() {
     const QString name = steward ? QStringLiteral("frmBusReorder.lvwSteward")
                          : by == RankBy::GoodsType ? QStringLiteral("frmBusReorder.lvwWareType")
                                                    : QStringLiteral("frmBusReorder.lvwWare");
-    showRanking(list, name, Rows());
+    ClearRows(list);
     ui->txtSumOughtMoney->clear();
     ui->txtSumTiChengMoney->clear();
     auto rows = std::make_shared<Rows>();

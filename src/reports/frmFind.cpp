@@ -4,12 +4,10 @@
 #include "FindService.h"
 #include "Format.h"
 #include "ListColumns.h"
-#include "ListExport.h"
 #include "MessageBox.h"
 #include "PrintUi.h"
 #include "Printing.h"
 #include "ReportQuery.h"
-#include "ListSort.h"
 #include "RowsList.h"
 #include "ScreenFit.h"
 #include "ui_frmFind.h"
@@ -35,18 +33,11 @@ frmFind::frmFind(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frm
     connect(ui->cmdReprint, &QPushButton::clicked, this, &frmFind::cmdReprint_Click);
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     // The two long lists show a whole year without filling a widget per row.
-    for (QTreeView* list : {ui->lvwExpense, ui->lvwOutSale}) {
-        list->setModel(new RowsModel(list));
-        SortListOnHeaderClick(list);
-    }
+    InstallBillTabs(ui->ctbThis, ui->lvwExpense, ui->lvwOutSale, ui->cmdOutExcel);
     connect(ui->lvwExpense->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmFind::LoadDetail);
     connect(ui->chkShowAll, &QCheckBox::toggled, this, &frmFind::LoadDetail);
     connect(ui->lvwOutSale->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &frmFind::LoadDataOutsaleDetail);
-    // The export menu exports the list of the tab in front.
-    ExportButton(ui->cmdOutExcel, [this]() -> QTreeView* {
-        return ui->ctbThis->currentWidget() == ui->tabOutSale ? ui->lvwOutSale : ui->lvwExpense;
-    });
 }
 
 frmFind::~frmFind() = default;
@@ -72,13 +63,8 @@ void frmFind::cmdFind_Click() {
     ui->lvwDetail->clear();
     ui->lvwOutSaleDetail->clear();
     m_bills = Rows();
-    try {
-        ShowRows(ui->lvwExpense, QStringLiteral("frmFind.lvwExpense"), Rows(), true);
-        ShowRows(ui->lvwOutSale, QStringLiteral("frmFind.lvwOutSale"), Rows(), true);
-    } catch (const DbError& e) {
-        Msg::critical(this, e.message(QStringLiteral("LoadExpense"), Form));
-        return;
-    }
+    ClearRows(ui->lvwExpense);
+    ClearRows(ui->lvwOutSale);
     const QDateTime start = ui->dtpStart->dateTime(), end = ui->dtpEnd->dateTime();
     const VoucherChoice choice = ChoiceOf(ui->lstState);
     // The lists' columns, order and sums are made ready off the window's thread too.

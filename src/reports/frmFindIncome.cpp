@@ -1,8 +1,6 @@
 #include "frmFindIncome.h"
 #include "BusinessQueries.h"
 #include "Format.h"
-#include "ListExport.h"
-#include "ListSort.h"
 #include "MessageBox.h"
 #include "ReportQuery.h"
 #include "RowsList.h"
@@ -24,15 +22,9 @@ frmFindIncome::frmFindIncome(QWidget* parent) : QDialog(parent), ui(std::make_un
     FillStateList(ui->lstState, true);
     m_period = {{ui->optDay0, ui->optDay1, ui->optDay2}, ui->dtpStart, ui->dtpEnd};
     m_period.install(this);
-    for (QTreeView* list : {ui->lvwExpense, ui->lvwOutSale}) {
-        list->setModel(new RowsModel(list));
-        SortListOnHeaderClick(list);
-    }
+    InstallBillTabs(ui->ctbThis, ui->lvwExpense, ui->lvwOutSale, ui->cmdOutExcel);
     connect(ui->cmdFind, &QPushButton::clicked, this, &frmFindIncome::cmdFind_Click);
     connect(ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
-    ExportButton(ui->cmdOutExcel, [this]() -> QTreeView* {
-        return ui->ctbThis->currentWidget() == ui->tabOutSale ? ui->lvwOutSale : ui->lvwExpense;
-    });
 }
 
 frmFindIncome::~frmFindIncome() = default;
@@ -49,12 +41,8 @@ void frmFindIncome::cmdFind_Click() {
     for (QLabel* l : {ui->lblSumNum, ui->lblSumStartMoney, ui->lblSumExpenseMoney, ui->lblSumMoney, ui->lblSumIncome,
                       ui->lblSumExpenseMoneyOutsale, ui->lblSumMoneyOutsale, ui->lblSumIncomeOutsale})
         l->clear();
-    try {
-        ShowRows(ui->lvwExpense, QStringLiteral("frmFindIncome.lvwExpense"), Rows(), true);
-        ShowRows(ui->lvwOutSale, QStringLiteral("frmFindIncome.lvwOutSale"), Rows(), true);
-    } catch (const DbError& e) {
-        return Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form));
-    }
+    ClearRows(ui->lvwExpense);
+    ClearRows(ui->lvwOutSale);
     const QDateTime start = ui->dtpStart->dateTime(), end = ui->dtpEnd->dateTime();
     const VoucherChoice choice = ChoiceOf(ui->lstState);
     struct Result {

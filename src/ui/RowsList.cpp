@@ -35,6 +35,14 @@ void RowsModel::reset(const QList<ListColumnDef>& shown, const Rows& rows, bool 
     endResetModel();
 }
 
+void RowsModel::clearRows() {
+    beginResetModel();
+    m_rows = Rows();
+    m_order.clear();
+    m_source = QList<int>(m_columns.size(), -1);
+    endResetModel();
+}
+
 int RowsModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : int(m_order.size());
 }
@@ -149,6 +157,10 @@ void ShowPreparedRows(QTreeView* view, const PreparedRows& prepared, bool keyed)
     view->setUniformRowHeights(true);
     SizeListColumns(view, prepared.shown);
     if (!prepared.shown.isEmpty()) MarkListSorted(view, 0, Qt::AscendingOrder);
+}
+
+void ClearRows(QTreeView* view) {
+    if (auto* model = qobject_cast<RowsModel*>(view->model())) model->clearRows();
 }
 
 QString CurrentRowKey(const QTreeView* view) {

@@ -19,6 +19,7 @@ class RowsModel : public QAbstractTableModel {
     void reset(const QList<ListColumnDef>& shown, const Rows& rows, bool keyed, std::vector<int> order);
     // Columns of these fields show their text padded to eight places and stand right.
     void setPadded(const QStringList& fields) { m_padded = fields; }
+    void clearRows();
     const Rows& rows() const { return m_rows; }
     // The record of a shown row, after sorting.
     int recordOf(int row) const { return m_order[size_t(row)]; }
@@ -63,6 +64,9 @@ struct PreparedRows {
 PreparedRows PrepareRows(const QString& name, const Rows& rows, Db& db);
 // Shows prepared rows as ShowRows would, without formatting a row on the window's thread.
 void ShowPreparedRows(QTreeView* view, const PreparedRows& prepared, bool keyed);
+
+// Empties a list filled by ShowRows, keeping its columns.
+void ClearRows(QTreeView* view);
 
 // The key of the current row of a list filled with `keyed` (without the "k"), or empty.
 QString CurrentRowKey(const QTreeView* view);

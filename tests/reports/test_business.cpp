@@ -23,6 +23,12 @@ using namespace Qt::StringLiterals;
 namespace {
 const QDateTime Day(QDate(2026, 11, 21), QTime(0, 0));
 
+// The room every bill of these tests is on.
+void room() {
+    addRoomType(u"a"_s, u"中包"_s);
+    addRoom(u"r1"_s, u"B01"_s, u"a"_s);
+}
+
 void bill(const QString& id, const QString& close, int voucher, double expense, double fact, double income) {
     DB().exec(u"insert into Expense (ExpenseID, TheID, OpenTime, CloseTime, State, VoucherState, CustomerNum, "
               "StartMoney, ExpenseMoney, oughtMoney, factpay, Income) values (?, 'r1', '2025-11-01 10:00', ?, ?, ?, 2, "
@@ -65,8 +71,7 @@ class TestBusiness : public QObject {
     // out, counter sales by their closing time.
     void income() {
         NEW_VENUE(v);
-        addRoomType(u"a"_s, u"中包"_s);
-        addRoom(u"r1"_s, u"B01"_s, u"a"_s);
+        room();
         bill(u"e1"_s, u"2026-11-21 10:00"_s, 0, 300, 280, 120);
         bill(u"e2"_s, u"2026-11-21 11:00"_s, 1, 90, 0, -35.5);
         bill(u"e3"_s, u"2026-11-21 12:00"_s, 2, 100, 100, 40);
@@ -95,8 +100,7 @@ class TestBusiness : public QObject {
     // it counts there.
     void ranking() {
         NEW_VENUE(v);
-        addRoomType(u"a"_s, u"中包"_s);
-        addRoom(u"r1"_s, u"B01"_s, u"a"_s);
+        room();
         DB().exec(u"insert into WareType (WareTypeID, wareTypeName) values ('t1', '饮料'), ('t2', '小吃')"_s);
         DB().exec(u"insert into Ware (WareID, WareTypeID, WareName) values ('w1', 't1', '可乐'), "
                   "('w2', 't1', '啤酒'), ('w3', 't2', '果盘')"_s);
@@ -141,8 +145,7 @@ class TestBusiness : public QObject {
     void chart() {
         auto [line, paid, free, expected] = fetch<int, bool, bool, QString>("line", "paid", "free", "expected");
         NEW_VENUE(v);
-        addRoomType(u"a"_s, u"中包"_s);
-        addRoom(u"r1"_s, u"B01"_s, u"a"_s);
+        room();
         bill(u"b1"_s, u"2025-12-31 20:00"_s, 0, 100, 90, 30);
         bill(u"b2"_s, u"2026-01-01 10:00"_s, 1, 50, 0, -20);
         bill(u"b3"_s, u"2026-01-03 12:00"_s, 2, 80, 80, 40);
