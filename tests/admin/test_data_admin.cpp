@@ -83,119 +83,6 @@ void writeXlsx(const QString& path, const QList<QStringList>& rows) {
     workbook_close(wb);
 }
 
-// A small Excel 97 workbook as Excel writes it: the BIFF8 records of one sheet (empty cells
-// left out) in an OLE2 compound file.
-void writeXls(const QString& path, const QList<QStringList>& rows) {
-    const auto u16 = [](QByteArray& b, quint16 v) { b.append(char(v & 0xff)).append(char(v >> 8)); };
-    const auto u32 = [&](QByteArray& b, quint32 v) {
-        u16(b, quint16(v & 0xffff));
-        u16(b, quint16(v >> 16));
-    };
-    const auto record = [&](QByteArray& b, quint16 type, const QByteArray& data) {
-        u16(b, type);
-        u16(b, quint16(data.size()));
-        b += data;
-    };
-    const auto bof = [&](quint16 kind) {
-        QByteArray d;
-        for (quint16 v : {quint16(0x0600), kind, quint16(0x0DBB), quint16(0x07CC)})
-            u16(d, v);
-        u32(d, 0);
-        u32(d, 6);
-        return d;
-    };
-    const auto utf16 = [](const QString& t) {
-        return QByteArray(reinterpret_cast<const char*>(t.utf16()), t.size() * 2);
-    };
-    QStringList strings;
-    QByteArray cells;
-    for (int r = 0; r < rows.size(); ++r)
-        for (int c = 0; c < rows[r].size(); ++c) {
-            if (rows[r][c].isEmpty()) continue;
-            QByteArray d;
-            for (int v : {r, c, 0})
-                u16(d, quint16(v));
-            bool number = false;
-            const double v = rows[r][c].toDouble(&number);
-            if (number && r > 0 && c >= 4) {
-                d.append(reinterpret_cast<const char*>(&v), 8);
-                record(cells, 0x0203, d); // NUMBER
-            } else {
-                u32(d, quint32(strings.size()));
-                strings << rows[r][c];
-                record(cells, 0x00FD, d); // LABELSST
-            }
-        }
-    QByteArray sst;
-    u32(sst, quint32(strings.size()));
-    u32(sst, quint32(strings.size()));
-    for (const QString& t : strings) {
-        u16(sst, quint16(t.size()));
-        sst.append(char(1));
-        sst += utf16(t);
-    }
-    const QString name = u"Sheet1"_s;
-    QByteArray boundSheet;
-    u32(boundSheet, 0); // the sheet's offset, set below
-    u16(boundSheet, 0);
-    boundSheet.append(char(name.size())).append(char(1));
-    boundSheet += utf16(name);
-    QByteArray stream;
-    record(stream, 0x0809, bof(0x0005));
-    record(stream, 0x0085, boundSheet);
-    record(stream, 0x00FC, sst);
-    record(stream, 0x000A, {});
-    const qsizetype sheetAt = stream.size();
-    for (int i = 0; i < 4; ++i)
-        stream[24 + i] = char((sheetAt >> (8 * i)) & 0xff);
-    QByteArray dims;
-    u32(dims, 0);
-    u32(dims, quint32(rows.size()));
-    for (int v : {0, 9, 0})
-        u16(dims, quint16(v));
-    record(stream, 0x0809, bof(0x0010));
-    record(stream, 0x0200, dims);
-    stream += cells;
-    record(stream, 0x000A, {});
-    stream.append(QByteArray(qMax<qsizetype>(0, 4096 - stream.size()), '\0')); // past the mini stream's limit
-    const quint32 sectors = quint32((stream.size() + 511) / 512);
-    stream.append(QByteArray(sectors * 512 - stream.size(), '\0'));
-
-    // Sector 0 the allocation table, 1 the directory, 2 on the workbook stream.
-    QByteArray head("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", 8);
-    head.append(QByteArray(16, '\0'));
-    for (int v : {0x3E, 3, 0xFFFE, 9, 6})
-        u16(head, quint16(v));
-    head.append(QByteArray(6, '\0'));
-    for (quint32 v : {0u, 1u, 1u, 0u, 4096u, 0xFFFFFFFEu, 0u, 0xFFFFFFFEu, 0u, 0u})
-        u32(head, v);
-    while (head.size() < 512)
-        u32(head, 0xFFFFFFFF);
-    QByteArray fat;
-    u32(fat, 0xFFFFFFFD);
-    u32(fat, 0xFFFFFFFE);
-    for (quint32 i = 0; i < sectors; ++i)
-        u32(fat, i + 1 < sectors ? i + 3 : 0xFFFFFFFE);
-    while (fat.size() < 512)
-        u32(fat, 0xFFFFFFFF);
-    const auto entry = [&](const QString& n, char type, quint32 child, quint32 start, quint32 size) {
-        QByteArray e = utf16(n);
-        e.append(QByteArray(64 - e.size(), '\0'));
-        u16(e, quint16(n.isEmpty() ? 0 : (n.size() + 1) * 2));
-        e.append(type).append(char(1));
-        for (quint32 v : {0xFFFFFFFFu, 0xFFFFFFFFu, child})
-            u32(e, v);
-        e.append(QByteArray(36, '\0'));
-        for (quint32 v : {start, size, 0u})
-            u32(e, v);
-        return e;
-    };
-    const QByteArray dir = entry(u"Root Entry"_s, 5, 1, 0xFFFFFFFE, 0) +
-                           entry(u"Workbook"_s, 2, 0xFFFFFFFF, 2, quint32(stream.size())) +
-                           entry({}, 0, 0xFFFFFFFF, 0, 0) + entry({}, 0, 0xFFFFFFFF, 0, 0);
-    QFile f(path);
-    if (f.open(QIODevice::WriteOnly)) f.write(head + fat + dir + stream);
-}
 } // namespace
 
 class TestDataAdmin : public QObject {
@@ -566,7 +453,10 @@ void TestDataAdmin::import_previews_and_imports_all_or_nothing() {
     if (format == u"xlsx"_s) {
         writeXlsx(file, rows);
     } else if (format == u"xls"_s) {
-        writeXls(file, rows);
+        // Excel 97 workbooks of the same rows, one sheet, empty cells left out.
+        QVERIFY(QFile::copy(QStringLiteral(QT_TESTCASE_SOURCEDIR "/admin/data/") +
+                                (refusals.size() > 2 ? u"goods-bad.xls"_s : u"goods.xls"_s),
+                            file));
     } else {
         QString text;
         for (const QStringList& r : rows) {
