@@ -123,7 +123,8 @@ class TestFind : public QObject {
         QVERIFY(lastSlip().contains(u"实收合计"_s));
         QVERIFY(!lastSlip().contains(u"1,728.00"_s));
 
-        w.cmdFind_Click();
+        w.show();
+        QTest::mouseClick(child<QPushButton>(&w, "cmdFind"), Qt::LeftButton);
         QVERIFY(w.query().busy());
         QVERIFY(!child<QPushButton>(&w, "cmdFind")->isEnabled()); // one search at a time
         QVERIFY(w.query().wait());
@@ -133,7 +134,8 @@ class TestFind : public QObject {
                  u"18|18.00|1,748.00|1,728.00|1,528.00|200.00|0.00|146.00|146.00"_s);
         auto* bills = child<QTreeView>(&w, "lvwExpense");
         QCOMPARE(bills->model()->rowCount(), 2);
-        bills->setCurrentIndex(bills->model()->index(0, 0));
+        // A click on the first bill shows its lines.
+        QTest::mouseClick(bills->viewport(), Qt::LeftButton, {}, bills->visualRect(bills->model()->index(0, 1)).center());
         QCOMPARE(child<QTreeWidget>(&w, "lvwDetail")->topLevelItemCount(), 1);
         child<QCheckBox>(&w, "chkShowAll")->setChecked(true);
         QCOMPARE(child<QTreeWidget>(&w, "lvwDetail")->topLevelItemCount(), 2);
