@@ -7,7 +7,7 @@
 #include "ScreenFit.h"
 #include "Val.h"
 #include "ui_frmChart.h"
-#include <QBarCategoryAxis>
+#include <QCategoryAxis>
 #include <QChart>
 #include <QLineSeries>
 #include <QValueAxis>
@@ -92,12 +92,15 @@ void frmChart::buildChart() {
     }
     for (QLineSeries* s : series)
         chart->addSeries(s);
-    auto* x = new QBarCategoryAxis(chart);
-    x->append(labels.isEmpty() ? QStringList{QString()} : labels);
-    // Labels stand upright when lying they would not fit: days beyond a week, numbers
-    // beyond half a year of weeks.
+    // Row labels under their points; of many rows, every few, so that none is cut short.
+    auto* x = new QCategoryAxis(chart);
+    x->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
+    const qsizetype step = std::max<qsizetype>(1, (labels.size() + 11) / 12);
+    for (qsizetype i = 0; i < labels.size(); i += step)
+        x->append(labels[i], double(i));
+    x->setRange(-0.5, std::max<double>(0.5, double(labels.size()) - 0.5));
     const bool longLabels = std::any_of(labels.begin(), labels.end(), [](const QString& l) { return l.size() > 4; });
-    x->setLabelsAngle((longLabels && labels.size() > 8) || labels.size() > 24 ? -90 : 0);
+    x->setLabelsAngle(longLabels ? -45 : 0);
     auto* y = new QValueAxis(chart);
     y->setLabelFormat(QStringLiteral("%.0f"));
     y->setTitleText(QStringLiteral("金额（元）"));
