@@ -38,7 +38,6 @@ class TestCore : public QObject {
         QTest::newRow("negative") << -1.23456 << qint64(-12346);
         QTest::newRow("unit of a 30 minute hour at 60") << 60.0 / 60 * 30 << qint64(300000);
         QTest::newRow("one minute at 100 an hour") << 100.0 / 60 << qint64(16667);
-        QTest::newRow("beyond 16 bits") << 98765.4321 << qint64(987654321);
         QTest::newRow("large") << 123456789012.0 << qint64(1234567890120000); // clang-format on
     }
     void moneyFromDouble() {
@@ -76,15 +75,12 @@ class TestCore : public QObject {
         QTest::newRow("decimal text rounds up") << 2.675 << "0.00" << "2.68";
         QTest::newRow("1.005") << 1.005 << "0.00" << "1.01";
         QTest::newRow("half away from zero") << -2.5 << "0" << "-3";
-        QTest::newRow("positive half") << 2.5 << "0" << "3";
         QTest::newRow("pad") << 7.0 << "00000" << "00007";
-        QTest::newRow("two digits") << 3.0 << "00" << "03";
         QTest::newRow("yuan") << 1234.5 << "￥0.00" << "￥1234.50";
         QTest::newRow("negative zero") << -0.001 << "0.00" << "0.00";
         QTest::newRow("carry") << 9.999 << "0.00" << "10.00";
         QTest::newRow("small") << 0.045 << "0.00" << "0.05";
-        QTest::newRow("large") << 123456789.125 << "0.00" << "123456789.13";
-        QTest::newRow("discount") << 0.9 << "0.00" << "0.90"; // clang-format on
+        QTest::newRow("large") << 123456789.125 << "0.00" << "123456789.13"; // clang-format on
     }
     void formatNumber() {
         auto [value, pattern, text] = fetch<double, QString, QString>("value", "pattern", "text");
