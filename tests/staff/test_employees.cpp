@@ -1,6 +1,7 @@
 #include "EmployeeService.h"
 #include "Money.h"
 #include "TestKit.h"
+#include "Upgrade.h"
 #include "frmEmployee.h"
 #include "frmEmployeeList.h"
 
@@ -66,10 +67,24 @@ class TestEmployees : public QObject {
         QCOMPARE(count(u"select count(*) from Employee"_s), 1);
     }
 
+    // Both the employee list and the upgrade window recalculate from today's rates: an empty
+    // name and a void still count, goods deleted since give none, a line credited to nobody stays.
+    void recalc_commissions_data() {
+        QTest::addColumn<bool>("upgrade");
+        QTest::newRow("employee list") << false;
+        QTest::newRow("upgrade window") << true;
+    }
     void recalc_commissions() {
+        QFETCH(bool, upgrade);
         NEW_VENUE(v);
         EmployeeService s;
-        QCOMPARE(s.recalcCommissions(), CommissionRun::NothingToDo);
+        const auto run = [&](int lines) {
+            if (upgrade)
+                QCOMPARE(Upgrade::RecalcCommissions(), lines);
+            else
+                QCOMPARE(s.recalcCommissions(), lines ? CommissionRun::Done : CommissionRun::NothingToDo);
+        };
+        run(0);
         DB().exec(
             u"insert into Ware (WareID, WareName, tiCheng) values ('w1', '洋酒', ?), ('w2', '果盘', ?)"_s,
             {Money::yuan(10), Money::fromDouble(2.5)});
@@ -80,14 +95,14 @@ class TestEmployees : public QObject {
                        other1.isNull() ? Param(nullptr) : Param(other1.toString()), isdel});
         };
         line("d1", "w1", 2, u"张三"_s, 0);
-        line("d2", "w2", 1.5, QString(), 1); // empty name still counts, voids too
-        line("d3", "gone", 3, u"李四"_s, 0); // goods deleted since
-        line("d4", "w1", 5, QVariant(), 0);  // nobody credited: untouched
-        QCOMPARE(s.recalcCommissions(), CommissionRun::Done);
+        line("d2", "w2", 1.5, QString(), 1);
+        line("d3", "gone", 3, u"李四"_s, 0);
+        line("d4", "w1", 5, QVariant(), 0);
+        run(3);
         const QString money = u"select TiChengMoney from ExpenseDetail order by DetailID"_s;
         QCOMPARE(dump(money), u"200000\n37500\n0\n7"_s);
         // A second run gives the same.
-        QCOMPARE(s.recalcCommissions(), CommissionRun::Done);
+        run(3);
         QCOMPARE(dump(money), u"200000\n37500\n0\n7"_s);
     }
 
