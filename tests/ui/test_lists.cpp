@@ -252,9 +252,10 @@ class TestLists : public QObject {
         QCOMPARE(column(list, 1), (QStringList{u"张三"_s, u"O'Neil"_s}));
     }
 
+    // The column dialog as a list's menu opens it: moved, hidden, shown, resized and renamed
+    // columns are stored on OK, nothing on Cancel.
     void columnDialogRoundTrip() {
         NEW_VENUE(v);
-        addMembers();
         const QString name = u"frm'Test.lvwThis"_s;
         QList<ListColumnDef> start{col(u"MemberCode"_s, u"编号"_s), col(u"MemberName"_s, u"姓名"_s, 1500),
                                    col(u"State"_s, u"状态"_s, 900, true, u"1,0可用|1停用"_s),
@@ -262,77 +263,61 @@ class TestLists : public QObject {
         start[3].displayCase = u"x'"_s;
         QVERIFY(!SaveListColumns(name, start));
 
-        frmQNDisplayCase dlg;
-        QVERIFY(dlg.load(name + u' '));
-        dlg.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dlg));
-        look(dlg, u"frmQNDisplayCase"_s);
-        auto* lvw = child<QTreeWidget>(dlg, "lvwThis");
-        auto* width = child<QLineEdit>(dlg, "txtWidth");
-        auto* rule = child<QLineEdit>(dlg, "txtShowValue");
-        auto click = [&](const char* button) {
-            QTest::mouseClick(child<QPushButton>(dlg, button), Qt::LeftButton);
-        };
-        QCOMPARE(column(*lvw, 0), (L({"编号", "姓名", "状态", "余额"})));
-        QCOMPARE(lvw->topLevelItem(3)->checkState(0), Qt::Unchecked);
+        onModal(u"frmQNDisplayCase"_s, [](QDialog* dlg) {
+            look(*dlg, u"frmQNDisplayCase"_s);
+            auto* lvw = child<QTreeWidget>(dlg, "lvwThis");
+            auto* width = child<QLineEdit>(dlg, "txtWidth");
+            auto* rule = child<QLineEdit>(dlg, "txtShowValue");
+            auto click = [&](const char* button) {
+                QTest::mouseClick(child<QPushButton>(dlg, button), Qt::LeftButton);
+            };
+            QCOMPARE(column(*lvw, 0), (L({"编号", "姓名", "状态", "余额"})));
+            QCOMPARE(lvw->topLevelItem(3)->checkState(0), Qt::Unchecked);
 
-        lvw->setCurrentItem(lvw->topLevelItem(2));
-        QCOMPARE(width->text() + u'/' + rule->text(), u"900/1,0可用|1停用"_s);
-        click("cmdUp");
-        click("cmdUp");
-        click("cmdUp");                            // already first
-        lvw->setCurrentItem(lvw->topLevelItem(2)); // 姓名
-        click("cmdHide");
-        click("cmdDown");
-        lvw->setCurrentItem(lvw->topLevelItem(2)); // 余额
-        click("cmdShow");
-        width->selectAll();
-        QTest::keyClicks(width, u"0"_s);
-        rule->clear();
-        rule->insert(u"3,￥0.00"_s); // typed as an input method would
-        lvw->topLevelItem(2)->setText(0, u"储值'余额"_s);
-        click("OKButton");
-        QCOMPARE(messages(), QStringList());
-        QVERIFY(dlg.saved() && dlg.result() == QDialog::Accepted);
-
-        QStringList saved;
-        for (const ListColumnDef& c : LoadListColumns(name))
-            saved << QStringList{c.colname,
-                                 QString::number(c.colOrder),
-                                 QString::number(c.colWidth),
-                                 c.isShow ? u"Y"_s : u"N"_s,
-                                 c.showValue,
-                                 c.displayCase}
-                         .join(u' ');
-        QCOMPARE(saved, (QStringList{u"State 1 900 Y 1,0可用|1停用 "_s, u"MemberCode 2 1000 Y  "_s,
-                                     u"chongzhi 3 0 Y 3,￥0.00 x'"_s, u"MemberName 4 1500 N  "_s}));
-
-        QTreeWidget list;
-        ShowList(&list, name, members(), false);
-        QCOMPARE(headers(list), (L({"状态", "编号", "储值'余额"})));
-        QCOMPARE(widths(list), (QList<int>{60, 67, 0}));
-        QCOMPARE(row(list, 0), (L({"停用", "M02", "￥123.45"})));
-
-        // Cancel keeps what is stored.
-        frmQNDisplayCase again;
-        QVERIFY(again.load(name));
-        auto* lvw2 = child<QTreeWidget>(again, "lvwThis");
-        lvw2->setCurrentItem(lvw2->topLevelItem(0));
-        QTest::mouseClick(child<QPushButton>(again, "cmdDown"), Qt::LeftButton);
-        QTest::mouseClick(child<QPushButton>(again, "CancelButton"), Qt::LeftButton);
-        QVERIFY(!again.saved());
-        QCOMPARE(LoadListColumns(name).first().colname, u"State"_s);
-    }
-
-    void columnDialogOpensModal() {
-        NEW_VENUE(v);
-        QVERIFY(!SaveListColumns(u"modal"_s, {col(u"a"_s, u"甲"_s), col(u"b"_s, u"乙"_s)}));
-        onModal(u"frmQNDisplayCase"_s, [](QDialog* d) {
-            QTest::mouseClick(child<QPushButton>(d, "cmdDown"), Qt::LeftButton);
-            QTest::mouseClick(child<QPushButton>(d, "OKButton"), Qt::LeftButton);
+            lvw->setCurrentItem(lvw->topLevelItem(2));
+            QCOMPARE(width->text() + u'/' + rule->text(), u"900/1,0可用|1停用"_s);
+            click("cmdUp");
+            click("cmdUp");
+            click("cmdUp");                            // already first
+            lvw->setCurrentItem(lvw->topLevelItem(2)); // 姓名
+            click("cmdHide");
+            click("cmdDown");
+            lvw->setCurrentItem(lvw->topLevelItem(2)); // 余额
+            click("cmdShow");
+            width->selectAll();
+            QTest::keyClicks(width, u"0"_s);
+            rule->clear();
+            rule->insert(u"3,￥0.00"_s); // typed as an input method would
+            lvw->topLevelItem(2)->setText(0, u"储值'余额"_s);
+            click("OKButton");
         });
-        QVERIFY(frmQNDisplayCase::ShowSetup(u"modal"_s));
-        QCOMPARE(LoadListColumns(u"modal"_s).first().colname, u"b"_s);
+        QVERIFY(frmQNDisplayCase::ShowSetup(name + u' '));
+        QCOMPARE(messages(), QStringList());
+        const auto stored = [&] {
+            QStringList out;
+            for (const ListColumnDef& c : LoadListColumns(name))
+                out << QStringList{c.colname,
+                                   c.coltitle,
+                                   QString::number(c.colOrder),
+                                   QString::number(c.colWidth),
+                                   c.isShow ? u"Y"_s : u"N"_s,
+                                   c.showValue,
+                                   c.displayCase}
+                           .join(u' ');
+            return out;
+        };
+        const QStringList saved = stored();
+        QCOMPARE(saved, (L({"State 状态 1 900 Y 1,0可用|1停用 ", "MemberCode 编号 2 1000 Y  ",
+                            "chongzhi 储值'余额 3 0 Y 3,￥0.00 x'", "MemberName 姓名 4 1500 N  "})));
+
+        onModal(u"frmQNDisplayCase"_s, [](QDialog* d) {
+            auto* lvw = child<QTreeWidget>(d, "lvwThis");
+            lvw->setCurrentItem(lvw->topLevelItem(0));
+            QTest::mouseClick(child<QPushButton>(d, "cmdDown"), Qt::LeftButton);
+            QTest::mouseClick(child<QPushButton>(d, "CancelButton"), Qt::LeftButton);
+        });
+        QVERIFY(!frmQNDisplayCase::ShowSetup(name));
+        QCOMPARE(stored(), saved);
     }
 
     void savingFailsWhole() {
