@@ -35,25 +35,43 @@ void selectType(QTreeWidget* types, const QString& id) {
 class TestOption : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void listsShowTheVenue() {
+    // The tariff, room type and room lists; a tariff or type in use stays.
+    void roomPages() {
         NEW_VENUE(v);
         addRoomType(u"a"_s, u"豪华包"_s);
         addRoom(u"t1"_s, u"V01"_s, u"a"_s, 4, u"2026-11-21 20:00"_s);
         addRoom(u"t2"_s, u"V02"_s, u"a"_s, 4, u"2026-11-21 19:59"_s);
         frmOption w;
         auto* tariffs = child<QTreeWidget>(w, "lvwPayLevel");
+        auto* types = child<QTreeWidget>(w, "lvwHouseAssort");
         QCOMPARE(tariffs->topLevelItemCount(), 1);
         QCOMPARE(tariffs->topLevelItem(0)->text(0) + u'|' + tariffs->topLevelItem(0)->text(5) + u'|' +
-                     child<QTreeWidget>(w, "lvwHouseAssort")->topLevelItem(0)->text(1),
+                     types->topLevelItem(0)->text(1),
                  u"标准计费|18-24点 买断价格:300元 计时价格:120|标准计费"_s);
         auto* rooms = child<QTreeWidget>(w, "lvwHouse");
         QCOMPARE(rooms->topLevelItemCount(), 2);
         rooms->sortByColumn(0, Qt::AscendingOrder);
         // A lock runs out by itself: V01 still locked this minute, V02 free.
         QCOMPARE(rooms->topLevelItem(0)->text(2) + rooms->topLevelItem(1)->text(2), u"锁定空闲"_s);
+
+        tariffs->setCurrentItem(tariffs->topLevelItem(0));
+        types->setCurrentItem(types->topLevelItem(0));
+        w.cmdPayLevelDel_Click();
+        w.cmdHouseAssortDel_Click();
+        QCOMPARE(messages(),
+                 (QStringList{u"不能删除此数据，因为它已经使用！"_s, u"不能删除此数据，因为它已经使用！"_s}));
+        for (int i = 0; i < 2; ++i) {
+            rooms->setCurrentItem(rooms->topLevelItem(0));
+            w.cmdHouseDel_Click();
+        }
+        QCOMPARE(messages(), QStringList());
+        QCOMPARE(rooms->topLevelItemCount(), 0);
+        w.cmdHouseAssortDel_Click();
+        QCOMPARE(types->topLevelItemCount(), 0);
+        QCOMPARE(count(u"select count(*) from PayLevel"_s), 1);
     }
 
-    void discountAndFormat() {
+    void rulesAndCheckoutSettings() {
         NEW_VENUE(v);
         frmOption w;
         child<QLineEdit>(w, "txtAllDiscount")->setText(u"九折"_s);
@@ -76,46 +94,18 @@ class TestOption : public QObject {
         QCOMPARE(count(u"select count(*) from s_log where theContent=?"_s,
                        {u"设置允许顾客由高费率包厢换到低费率包厢。"_s}),
                  1);
-        // Shown again as stored.
+        // Shown again as stored; the checkout settings need no C001, which the rules above do
+        // (see the rights sweep).
+        signInWithout(u"C001"_s);
         frmOption again;
         QCOMPARE(child<QLineEdit>(again, "txtAllDiscount")->text(), u"0.90"_s);
         QVERIFY(child<QRadioButton>(again, "optPayMoneyFormat2")->isChecked());
-    }
-
-    // The rules of the page need C001 (see the rights sweep); the checkout settings do not.
-    void checkoutSettingsNeedNoC001() {
-        NEW_VENUE(v);
-        signInWithout(u"C001"_s);
-        frmOption w;
-        child<QComboBox>(w, "cmbCloseHouseCur")->setCurrentIndex(1);
-        child<QLineEdit>(w, "txtLockTime")->setText(u"15.9分钟"_s);
-        w.cmdSaveCZ_Click();
+        child<QComboBox>(again, "cmbCloseHouseCur")->setCurrentIndex(1);
+        child<QLineEdit>(again, "txtLockTime")->setText(u"15.9分钟"_s);
+        again.cmdSaveCZ_Click();
         QCOMPARE(messages(), QStringList());
         QCOMPARE(GetSetup(u"HClose"_s) + u'|' + GetSetup(u"LockTime"_s), u"1|15"_s);
         QCOMPARE(App().LockTime, 15);
-    }
-
-    void deletingRowsInUse() {
-        NEW_VENUE(v);
-        addRoomType(u"a"_s, u"小包"_s);
-        addRoom(u"t1"_s, u"A01"_s, u"a"_s);
-        frmOption w;
-        for (const char* list : {"lvwPayLevel", "lvwHouseAssort"}) {
-            auto* l = child<QTreeWidget>(w, list);
-            l->setCurrentItem(l->topLevelItem(0));
-        }
-        w.cmdPayLevelDel_Click();
-        w.cmdHouseAssortDel_Click();
-        QCOMPARE(messages(),
-                 (QStringList{u"不能删除此数据，因为它已经使用！"_s, u"不能删除此数据，因为它已经使用！"_s}));
-        auto* rooms = child<QTreeWidget>(w, "lvwHouse");
-        rooms->setCurrentItem(rooms->topLevelItem(0));
-        w.cmdHouseDel_Click();
-        QCOMPARE(messages(), QStringList());
-        QCOMPARE(rooms->topLevelItemCount(), 0);
-        w.cmdHouseAssortDel_Click();
-        QCOMPARE(child<QTreeWidget>(w, "lvwHouseAssort")->topLevelItemCount(), 0);
-        QCOMPARE(count(u"select count(*) from PayLevel"_s), 1);
     }
 
     void goodsPage() {
@@ -153,20 +143,13 @@ class TestOption : public QObject {
         QCOMPARE(count(u"select count(*) from WareType"_s), 1);
         // With no type chosen the list holds every article again.
         QCOMPARE(names(goods), (QStringList{u"啤酒"_s, u"红酒"_s}));
-    }
 
-    void goodsDialogsFromThePage() {
-        NEW_VENUE(v);
-        addGoods();
-        frmOption w;
-        selectType(child<QTreeWidget>(w, "lvwWareType"), u"01"_s);
+        selectType(types, u"01"_s);
         auto periods = [](QDialog* d) {
             QVERIFY(qobject_cast<frmWareLevel*>(d));
-            d->findChild<QLineEdit*>(u"txtWareLevelName"_s)->setText(u"全天"_s);
-            auto* end1 = d->findChild<QComboBox*>(u"cmbEnd1"_s);
-            end1->setCurrentIndex(end1->findText(u"24"_s));
-            Q_EMIT end1->activated(end1->currentIndex());
-            d->findChild<QPushButton*>(u"cmdOK"_s)->click();
+            child<QLineEdit>(d, "txtWareLevelName")->setText(u"全天"_s);
+            choose(child<QComboBox>(d, "cmbEnd1"), u"24"_s);
+            child<QPushButton>(d, "cmdOK")->click();
         };
         onModal(u"frmWareLevel"_s, periods);
         w.cmdWareLevel_Click();
@@ -177,12 +160,12 @@ class TestOption : public QObject {
         // A new article shows in the list of the chosen type at once.
         onModal(u"frmWare"_s, [](QDialog* d) {
             QVERIFY(qobject_cast<frmWare*>(d));
-            d->findChild<QLineEdit*>(u"txtWareName"_s)->setText(u"黑啤"_s);
-            d->findChild<QLineEdit*>(u"txtPrice"_s)->setText(u"15"_s);
-            d->findChild<QPushButton*>(u"cmdOK"_s)->click();
+            child<QLineEdit>(d, "txtWareName")->setText(u"黑啤"_s);
+            child<QLineEdit>(d, "txtPrice")->setText(u"15"_s);
+            child<QPushButton>(d, "cmdOK")->click();
         });
         w.cmdWareAdd_Click();
-        QCOMPARE(names(child<QTreeWidget>(w, "lvwWare")), (QStringList{u"啤酒"_s, u"红酒"_s, u"黑啤"_s}));
+        QCOMPARE(names(goods), (QStringList{u"啤酒"_s, u"红酒"_s, u"黑啤"_s}));
     }
 };
 
