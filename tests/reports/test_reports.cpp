@@ -39,17 +39,13 @@ void bill(const QString& id, const QString& room, const QString& open, const QSt
                Money::fromDouble(fact), Money::fromDouble(cash), Money::fromDouble(card),
                Money::fromDouble(free)});
 }
-void sale(const QString& id, const QString& open, double fact) {
-    DB().exec(u"insert into Outsale (ExpenseID, OpenTime, CloseTime, openOperator, oughtMoney, factpay, "
-              "CashPay) values (?, ?, ?, '小王', ?, ?, ?)"_s,
-              {id, open, open, Money::fromDouble(fact), Money::fromDouble(fact), Money::fromDouble(fact)});
+// A counter sale of 小王's, opened and closed at `time`.
+void sale(const QString& id, const QString& time, double fact) {
+    DB().exec(
+        u"insert into Outsale (ExpenseID, OpenTime, CloseTime, openOperator, CloseOperator, oughtMoney, "
+        "factpay, CashPay) values (?, ?, ?, '小王', '小王', ?, ?, ?)"_s,
+        {id, time, time, Money::fromDouble(fact), Money::fromDouble(fact), Money::fromDouble(fact)});
 }
-void line(const QString& bill, const QString& id, const QString& time, int isdel) {
-    DB().exec(u"insert into ExpenseDetail (DetailID, ExpenseID, WareID, ExpenseTime, num, oughtMoney, "
-              "isdel) values (?, ?, 'w1', ?, 1, 80000, ?)"_s,
-              {id, bill, time, isdel});
-}
-
 // A bill of room r1 as income, rankings and the chart read it.
 void incomeBill(const QString& id, const QString& close, int voucher, double expense, double fact,
                 double income) {
@@ -60,8 +56,9 @@ void incomeBill(const QString& id, const QString& close, int voucher, double exp
                Money::fromDouble(expense), Money::fromDouble(expense), Money::fromDouble(fact),
                Money::fromDouble(income)});
 }
-void soldLine(const QString& bill, const QString& ware, double num, double ought, const QString& staff,
-              double ticheng, int isdel = 0, const QString& at = u"2026-11-21 18:00"_s) {
+// A line ordered at `at`, its commission credited to `staff`.
+void line(const QString& bill, const QString& ware, double num, double ought, const QString& staff,
+          double ticheng, int isdel = 0, const QString& at = u"2026-11-21 18:00"_s) {
     static int n = 0;
     DB().exec(u"insert into ExpenseDetail (DetailID, ExpenseID, WareID, num, oughtMoney, Other1, "
               "TiChengMoney, isdel, ExpenseTime) values (?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
@@ -90,12 +87,6 @@ void closedBill(const char* id, const char* closer, double fact, double cash, do
         {QString::fromLatin1(id), u"2026-11-21 19:"_s + QString::fromLatin1(id).right(2),
          QString::fromUtf8(closer), QString::fromUtf8(closer), Money::fromDouble(fact),
          Money::fromDouble(cash), Money::fromDouble(free), QString::fromLatin1(checked)});
-}
-void closedSale(const char* id, const char* closer, double fact) {
-    DB().exec(u"insert into Outsale (ExpenseID, CloseTime, CloseOperator, factpay, CashPay) values (?, "
-              "'2026-11-21 19:30', ?, ?, ?)"_s,
-              {QString::fromLatin1(id), QString::fromUtf8(closer), Money::fromDouble(fact),
-               Money::fromDouble(fact)});
 }
 QStringList ids(const Rows& rows) {
     QStringList out;
@@ -165,8 +156,8 @@ class TestReports : public QObject {
         bill(u"20261121170000"_s, u"r1"_s, u"2026-11-21 17:30"_s, u"2026-11-21 19:45"_s, 0, 6, 440, 240, 200);
         bill(u"20261121180000"_s, u"r2"_s, u"2026-11-21 18:00"_s, u"2026-11-21 21:10"_s, 2, 12, 1288, 1288, 0,
              0, u"系统管理员"_s);
-        line(u"20261121170000"_s, u"d1"_s, u"2026-11-21 17:40"_s, 0);
-        line(u"20261121170000"_s, u"d2"_s, u"2026-11-21 17:50"_s, 1);
+        line(u"20261121170000"_s, u"w1"_s, 1, 8, {}, 0, 0, u"2026-11-21 17:40"_s);
+        line(u"20261121170000"_s, u"w1"_s, 1, 8, {}, 0, 1, u"2026-11-21 17:50"_s);
         sale(u"s1"_s, u"2026-11-21 12:00"_s, 100);
         sale(u"s2"_s, u"2026-11-21 13:00"_s, 46);
 
@@ -275,13 +266,13 @@ class TestReports : public QObject {
                   "('p2', '小李', 0)"_s);
         incomeBill(u"e1"_s, u"2026-11-21 19:00"_s, 0, 0, 0, 0);
         incomeBill(u"e2"_s, {}, 0, 0, 0, 0);
-        soldLine(u"e1"_s, u"w1"_s, 2, 20, u"小张"_s, 2);
-        soldLine(u"e1"_s, u"w2"_s, 2, 30, u"小李"_s, 3);
-        soldLine(u"e1"_s, u"w3"_s, 1, 50, {}, 0);
-        soldLine(u"e1"_s, u"w9"_s, 1, 5, u"小张"_s, 1);
-        soldLine(u"e1"_s, u"w1"_s, 5, 50, u"小张"_s, 5, 1);
-        soldLine(u"e2"_s, u"w3"_s, 2, 100, u"小张"_s, 4);
-        soldLine(u"e1"_s, u"w1"_s, 10, 100, u"小张"_s, 10, 0, u"2026-11-22 00:00"_s);
+        line(u"e1"_s, u"w1"_s, 2, 20, u"小张"_s, 2);
+        line(u"e1"_s, u"w2"_s, 2, 30, u"小李"_s, 3);
+        line(u"e1"_s, u"w3"_s, 1, 50, {}, 0);
+        line(u"e1"_s, u"w9"_s, 1, 5, u"小张"_s, 1);
+        line(u"e1"_s, u"w1"_s, 5, 50, u"小张"_s, 5, 1);
+        line(u"e2"_s, u"w3"_s, 2, 100, u"小张"_s, 4);
+        line(u"e1"_s, u"w1"_s, 10, 100, u"小张"_s, 10, 0, u"2026-11-22 00:00"_s);
         const ReorderService s;
         const QDateTime end = Day.addDays(1);
         QCOMPARE(ranks(s.goods(Day, end, RankBy::Goods), u"WareName"_s),
@@ -352,7 +343,7 @@ class TestReports : public QObject {
         closedBill("e02", "小王", 88.5, 88.5, 0);
         closedBill("e03", "小李", 999, 999, 0);
         closedBill("e04", "小王", 40, 40, 0, "Y");
-        closedSale("s01", "小王", 46);
+        sale(u"s01"_s, u"2026-11-21 19:30"_s, 46);
 
         frmCheckForm w;
         w.LoadData();
@@ -370,7 +361,7 @@ class TestReports : public QObject {
 
         // Only retail sales left, then nothing: both reconcile and are recorded.
         DB().exec(u"update Expense set CheckForm='Y' where ExpenseID='e05'"_s);
-        closedSale("s02", "小王", 12);
+        sale(u"s02"_s, u"2026-11-21 19:30"_s, 12);
         ReconcileService s;
         QCOMPARE(ReconcileService::totals(s.bills(u"小王"_s), s.sales(u"小王"_s)).factPay, Money::yuan(12));
         QVERIFY(!s.reconcile(u"小王"_s, {}, {u"s02"_s}, Money::yuan(12)));
