@@ -469,19 +469,6 @@ class TestLists : public QObject {
         QCOMPARE(headers(list), shownTitles);
     }
 
-    void everySeededListIsChecked() {
-        NEW_VENUE(v);
-        QStringList stored;
-        for (const Row r : DB().query(u"select distinct FormControlName from FD_FormControl"_s))
-            stored << r.text(u"FormControlName"_s);
-        QStringList checked;
-        for (const auto& l : seededLists())
-            checked << QString::fromUtf8(l.first);
-        stored.sort();
-        checked.sort();
-        QCOMPARE(stored, checked);
-    }
-
     void upgradeKeepsWhatTheVenueHas() {
         NEW_VENUE(v);
         // A database of version 1, beside the test's own.
@@ -509,8 +496,15 @@ class TestLists : public QObject {
         });
         QCOMPARE(Schema::migrate(old), Schema::latestVersion() - 1);
         QCOMPARE(Schema::currentVersion(old), Schema::latestVersion());
-        QCOMPARE(old.scalar(u"select count(distinct FormControlName) from FD_FormControl"_s).toInt(),
-                 int(seededLists().size()));
+        // Every list the upgrade seeds is one the seeded-list test checks.
+        QStringList stored, checked;
+        for (const Row r : old.query(u"select distinct FormControlName from FD_FormControl"_s))
+            stored << r.text(u"FormControlName"_s);
+        for (const auto& l : seededLists())
+            checked << QString::fromUtf8(l.first);
+        stored.sort();
+        checked.sort();
+        QCOMPARE(stored, checked);
         QCOMPARE(old.scalar(u"select coltitle from FD_FormControl where FormControlName='lvwPayAfter' "
                             "and colname='oughtMoney'"_s)
                      .toString(),
