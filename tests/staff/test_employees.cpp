@@ -1,8 +1,6 @@
 #include "EmployeeService.h"
-#include "Money.h"
 #include "TestKit.h"
 #include "Upgrade.h"
-#include "frmEmployee.h"
 #include "frmEmployeeList.h"
 
 namespace {
@@ -120,7 +118,6 @@ class TestEmployees : public QObject {
         auto* list = child<QTreeWidget>(w, "lvwThis");
         QCOMPARE(column(list, u"State"_s), (QStringList{u"在职"_s, u"停职"_s}));
 
-        // Add through the real dialog.
         onModal([](QDialog* d) {
             child<QLineEdit>(d, "txtEmployeeCode")->setText(u"E3"_s);
             child<QPushButton>(d, "cmdOK")->click();
@@ -135,8 +132,7 @@ class TestEmployees : public QObject {
         QCOMPARE(dump(u"select Sex, EmployeeBorn from Employee where Employeecode='E3'"_s), u"女|"_s);
 
         // Deleting asks nothing and leaves the name on old lines.
-        list->setCurrentItem(
-            list->findItems(u"E1"_s, Qt::MatchExactly, ListColumn(list, u"Employeecode"_s)).first());
+        selectRow(list, u"Employeecode"_s, u"E1"_s);
         w.cmdDel_Click();
         QCOMPARE(list->topLevelItemCount(), 2);
         QCOMPARE(count(u"select count(*) from ExpenseDetail where Other1='张三'"_s), 1);
