@@ -1,11 +1,9 @@
 #include "EscPos.h"
 #include "MemberPrinting.h"
 #include "OrderPrinting.h"
-#include "PrintQueue.h"
 #include "PrintUi.h"
 #include "Printing.h"
 #include "ReceiptLayout.h"
-#include "ReceiptPainter.h"
 #include "RoomBoard.h"
 #include "Slips.h"
 #include "TestKit.h"
@@ -14,7 +12,6 @@
 #include "frmOption.h"
 #include "frmPrintQueue.h"
 #include "frmSeePrintType.h"
-#include <QGroupBox>
 #include <QRawFont>
 #include <QStandardPaths>
 #include <QTcpServer>
@@ -125,6 +122,15 @@ void orderRound() {
     line(u"t16"_s, u"e2"_s, u"gone"_s, 1, 10, 0, u"t11"_s);
 }
 
+// Member 8003 tops up 1,200 yuan for `paid`.
+void topUp(const Money& paid) {
+    DB().exec(u"insert into Member (MemberCode, MemberName, chongzhi) values ('8003', '李娜', ?)"_s,
+              {Money::fromDouble(12345.6)});
+    DB().exec(u"insert into chongzhi (chongzhiid, MemberCode, operatorname, thismemoney, factpay, "
+              "OperatorTime) values ('c1', '8003', '小王', ?, ?, '2026-11-21 19:30')"_s,
+              {Money::yuan(1200), paid});
+}
+
 QString goldenPath(const QString& name) {
     return QStringLiteral(QT_TESTCASE_SOURCEDIR "/printing/golden/") + name + u".txt"_s;
 }
@@ -210,34 +216,18 @@ class TestPrinting : public QObject {
         auto [paper, receipt, text] = fetch<int, Receipt, QString>("paper", "receipt", "text");
         QCOMPARE(ReceiptText(receipt, paper == 58 ? Paper::mm58 : Paper::mm80), text);
     }
-    // Each design from the stored data, against its expected text, with its filled labels in
-    // the order of the design.
-    void designs_data() { // clang-format off
-        columns<QString, int, QString>("fixture", "paper", "labels");
-        const QString bill = u"lblCompanyName lblAddress lblPhone lblYM lblID lblTheCode"_s;
-        QTest::newRow("DREndExpense") << "DREndExpense" << 80
-            << bill + u" lblOpenTime lblCloseTime lblExpendTime lblPayLevel " "lblOughtMoney lblNoMoney lblFactPay lblCloseOperator"_s;
-        QTest::newRow("DREndExpense_c") << "DREndExpense_c" << 58
-            << bill + u" lblCloseTime lblPayLevel lblOughtMoney lblNoMoney " "lblFactPay lblCloseOperator"_s;
-        QTest::newRow("DREndExpenseNoHouse") << "DREndExpenseNoHouse" << 80
-            << bill + u" lblOpenTime lblCloseTime lblExpendTime " "lblOughtMoney lblNoMoney lblFactPay lblCloseOperator"_s;
-        QTest::newRow("DREndExpenseNoHouse_c") << "DREndExpenseNoHouse_c" << 58
-            << bill + u" lblCloseTime lblOughtMoney lblNoMoney lblFactPay lblCloseOperator"_s;
-        QTest::newRow("running bill") << "running" << 58
-            << bill + u" lblOpenTime lblCloseTime lblExpendTime lblPayLevel " "lblOughtMoney lblNoMoney lblFactPay lblCloseOperator"_s;
-        QTest::newRow("DRStartExpense") << "DRStartExpense" << 58
-            << u"lblCompanyName lblAddress lblPhone lblID lblOpenTime " "lblOpenOperator lblTheCode lblStartMoney"_s;
-        QTest::newRow("DROutSale") << "DROutSale" << 80 << u"lblCompanyName lblID lblCloseTime lblCloseOperator lblFactPay"_s;
-        QTest::newRow("DRChongzhi") << "DRChongzhi" << 58
-            << u"lblCompanyName lblAddress lblPhone lblMemberCode lblMemberName " "lblOperatorTime lblOperatorName lblThisMemoney lblFactPay " "lblChongzhi"_s;
-        QTest::newRow("DRExpenseThis") << "DRExpenseThis" << 80 << u"lblCompanyName lblTheCode lblExpenseID lblThisSum lblOperatorName"_s;
-        QTest::newRow("DRExpenseThisHC") << "DRExpenseThisHC" << 58 << u"lblCompanyName lblTheCode lblExpenseID lblOperatorName"_s;
-        // The bill query's two summaries are compared with their files by its own test, printed
-        // from the window.
-        QTest::newRow("bar ticket") << "bar" << 58 << u"lblCompanyName lblTheCode lblExpenseID lblThisSum lblOperatorName"_s; // clang-format on
+    // Each design from the stored data, against its expected text. The bill query's two summaries
+    // are compared with their files by the report test, printed from the window.
+    void designs_data() {
+        columns<QString, int>("fixture", "paper");
+        for (const char* f : {"DREndExpense", "DREndExpenseNoHouse", "DROutSale", "DRExpenseThis"})
+            QTest::newRow(f) << f << 80;
+        for (const char* f : {"DREndExpense_c", "DREndExpenseNoHouse_c", "running", "DRStartExpense",
+                              "DRChongzhi", "DRExpenseThisHC", "bar"})
+            QTest::newRow(f) << f << 58;
     }
     void designs() {
-        auto [fixture, paper, labels] = fetch<QString, int, QString>("fixture", "paper", "labels");
+        auto [fixture, paper] = fetch<QString, int>("fixture", "paper");
         NEW_VENUE(v);
         venue();
         setup("IsHC", u"1"_s);
@@ -269,11 +259,7 @@ class TestPrinting : public QObject {
                       "'w2', 1, 280000, 280000, 280000, 1)"_s);
             r = OutSaleSlip(u"20261121-00003"_s);
         } else if (fixture == u"DRChongzhi"_s) {
-            DB().exec(u"insert into Member (MemberCode, MemberName, chongzhi) values ('8003', '李娜', ?)"_s,
-                      {Money::fromDouble(12345.6)});
-            DB().exec(u"insert into chongzhi (chongzhiid, MemberCode, operatorname, thismemoney, factpay, "
-                      "OperatorTime) values ('c1', '8003', '小王', ?, ?, '2026-11-21 19:30')"_s,
-                      {Money::yuan(1200), Money::fromDouble(999.5)});
+            topUp(Money::fromDouble(999.5));
             r = ChongzhiSlip(u"c1"_s);
         } else if (fixture == u"DRExpenseThis"_s || fixture == u"DRExpenseThisHC"_s || fixture == u"bar"_s) {
             orderRound();
@@ -281,11 +267,6 @@ class TestPrinting : public QObject {
             r = fixture == u"DRExpenseThis"_s ? s.slip : fixture == u"bar"_s ? s.bar : s.kitchen;
         }
         QVERIFY(r.has_value());
-        QStringList names;
-        for (const QString& f : r->filled())
-            names << f.section(u'=', 0, 0);
-        QCOMPARE(names.join(u' '), labels);
-
         const Paper p = paper == 58 ? Paper::mm58 : Paper::mm80;
         const QString actual = ReceiptText(*r, p);
         // What the queue keeps prints the same.
@@ -326,38 +307,15 @@ class TestPrinting : public QObject {
         QVERIFY(table != r->blocks().end());
         QCOMPARE(int(table->rows.size()), lines);
     }
-    void escPosKitchenTicket() {
-        NEW_VENUE(v);
-        venue();
-        orderRound();
-        Sink kitchen;
-        setup("IsHC", u"1"_s);
-        setup("PrinterHC", kitchen.target());
-        setup("PrinterHCPaper", u"58"_s);
-        setup("HCNum", u"1"_s);
-        // Through the order window's hook, as the window calls it when it closes.
-        OrderPrinting::instance().PrintThis({u"e2"_s, u"t11"_s, u"B02"_s, u"186.00"_s}, false);
-        QVERIFY(WaitForPrinting());
-        const QList<QByteArray> got = kitchen.take();
-        QCOMPARE(got.size(), 1);
-        const QByteArray& bytes = got.first();
-        QVERIFY(bytes.startsWith(QByteArray("\x1b@", 2)));
-        for (const char* text : {"后厨单", "B02", "薯条", "少盐", "小果盘", "退一份"})
-            QVERIFY2(bytes.contains(EscPos::Gbk(QString::fromUtf8(text))), text);
-        QCOMPARE(EscPos::Gbk(u"后厨单"_s), QByteArray("\xba\xf3\xb3\xf8\xb5\xa5"));
-        QVERIFY(!bytes.contains(EscPos::Gbk(u"青岛啤酒"_s))); // bar goods stay off
-        QVERIFY(!bytes.contains(u"后厨单"_s.toUtf8()));
-        QCOMPARE(bytes.count(EscPos::Cut()), 1);
-        QVERIFY(bytes.endsWith(EscPos::Cut()));
-        QCOMPARE(jobCount(u"Role='PrinterHC' and State=1 and Paper=58"_s), 1);
-        QCOMPARE(messages(), QStringList());
-    }
-    void unreachablePrinterAndReprint() {
+    // A kitchen ticket from the order window's hook with its printer down: the cashier is told,
+    // and from the queue it goes to the bar's printer as ESC/POS in GBK, a cut after each copy.
+    void kitchenTicketToAnotherPrinter() {
         NEW_VENUE(v);
         venue();
         orderRound();
         setup("IsHC", u"1"_s);
         setup("PrinterHC", u"tcp://127.0.0.1:1"_s);
+        setup("PrinterHCPaper", u"58"_s);
         setup("HCNum", u"2"_s);
         Msg::setNextAnswer(QMessageBox::No);
         OrderPrinting::instance().PrintThis({u"e2"_s, u"t11"_s, u"B02"_s, u"186.00"_s}, false);
@@ -367,18 +325,23 @@ class TestPrinting : public QObject {
         QVERIFY(shown.first().text.contains(u"“后厨单 B02”没有打印出来"_s));
         QVERIFY(shown.first().text.contains(u"打印机：tcp://127.0.0.1:1"_s));
         QCOMPARE(shown.first().icon, Msg::Icon::Exclamation);
-        QCOMPARE(jobCount(u"State=2 and Error<>''"_s), 1);
+        QCOMPARE(jobCount(u"Role='PrinterHC' and State=2 and Error<>'' and Paper=58"_s), 1);
 
-        // The kitchen's printer is down: the ticket goes to the bar's.
         Sink bar;
         frmPrintQueue queue;
-        QVERIFY(queue.selectJob(text(u"select JobID from PrintJob where Role='PrinterHC'"_s)));
+        QVERIFY(queue.selectJob(text(u"select JobID from PrintJob"_s)));
         child<QComboBox>(&queue, "cmbPrinter")->setEditText(bar.target());
         child<QPushButton>(&queue, "cmdPrintTo")->click();
         QCOMPARE(messages(), QStringList());
-        QCOMPARE(bar.slips(), 2);
+        const QByteArray bytes = bar.take().join();
+        QVERIFY(bytes.startsWith(QByteArray("\x1b@", 2)));
+        QCOMPARE(EscPos::Gbk(u"后厨单"_s), QByteArray("\xba\xf3\xb3\xf8\xb5\xa5"));
+        for (const char* text : {"后厨单", "B02", "薯条", "少盐", "小果盘", "退一份"})
+            QVERIFY2(bytes.contains(EscPos::Gbk(QString::fromUtf8(text))), text);
+        QVERIFY(!bytes.contains(EscPos::Gbk(u"青岛啤酒"_s))); // bar goods stay off
+        QCOMPARE(bytes.count(EscPos::Cut()), 2);
+        QVERIFY(bytes.endsWith(EscPos::Cut()));
         QCOMPARE(text(u"select Printer from PrintJob where State=1"_s), bar.target());
-        QCOMPARE(jobCount(u"State<>1"_s), 0);
         // The printed ticket leaves the list of those still to print.
         QCOMPARE(child<QTreeWidget>(&queue, "lvwJobs")->topLevelItemCount(), 0);
     }
@@ -416,7 +379,6 @@ class TestPrinting : public QObject {
             frmMain w;
             w.Init();
             QVERIFY(w.board()->selectRoom(u"r1"_s));
-            QVERIFY(w.action(u"mnuPrintExpense"_s)->isEnabled());
             w.runCommand(u"mnuPrintExpense"_s);
             QVERIFY(WaitForPrinting());
             QCOMPARE(text(u"select Other2 from Expense where ExpenseID='e2'"_s), u"1"_s);
@@ -434,9 +396,7 @@ class TestPrinting : public QObject {
         settledBill();
         setup("Printer", u"tcp://127.0.0.1:1"_s);
         setup("EndBillNum", u"2"_s);
-        const PrintOutcome failed = PrintBill(u"e1"_s, true);
-        QCOMPARE(failed.failures.size(), 1);
-        QVERIFY(failed.message().contains(u"“结帐单 e1”没有打印出来"_s));
+        QVERIFY(PrintBill(u"e1"_s, true).message().contains(u"“结帐单 e1”没有打印出来"_s));
 
         Sink printer;
         setup("Printer", printer.target());
@@ -493,7 +453,6 @@ class TestPrinting : public QObject {
         App().IsPrintStartBill = 1;
         frmOpenHouse dlg;
         QVERIFY(dlg.prepare(u"r1"_s));
-        QVERIFY(child<QCheckBox>(&dlg, "chkPrint")->isChecked());
         child<QLineEdit>(&dlg, "txtNum")->setText(u"4"_s);
         child<QLineEdit>(&dlg, "txtStartMoney")->setText(u"50"_s);
         dlg.OKButton_Click();
@@ -519,7 +478,6 @@ class TestPrinting : public QObject {
         columns<QString, QString, QStringList>("print", "design", "texts");
         QTest::newRow("final bill") << "bill" << "DREndExpense"
             << QStringList{u"星澜KTV（滨江店）"_s, u"地址：滨江路88号"_s, u"e1"_s, u"中包-B02"_s, u"11-21 17:30"_s, u"2小时15分钟"_s, u"青岛啤酒"_s, u"90.00"_s, u"包厢费"_s, u"180.00"_s, u"446.00"_s, u"实收"_s, u"440.00"_s, u"小王"_s};
-        QTest::newRow("kitchen ticket") << "kitchen" << "DRExpenseThisHC" << QStringList{u"后厨单"_s, u"B02"_s,  u"e2"_s, u"薯条"_s,   u"少盐"_s, u"小果盘"_s};
         QTest::newRow("top-up receipt") << "chongzhi" << "DRChongzhi"
             << QStringList{u"8003"_s,  u"李娜"_s,  u"2026-11-21"_s, u"1,200"_s, u"1,000"_s, u"12,346"_s}; // clang-format on
     }
@@ -529,22 +487,13 @@ class TestPrinting : public QObject {
             QSKIP("pdftotext (poppler-utils) is not installed");
         NEW_VENUE(v);
         venue();
-        for (const char* key : {"Printer", "PrinterHC"})
-            setup(key, u"PDF:"_s);
-        setup("IsHC", u"1"_s);
+        setup("Printer", u"PDF:"_s);
         PrintOutcome out;
         if (print == u"bill"_s) {
             settledBill();
             out = PrintBill(u"e1"_s, true);
-        } else if (print == u"kitchen"_s) {
-            orderRound();
-            out = PrintThis(u"e2"_s, u"t11"_s, false, u"B02"_s, u"1"_s);
         } else {
-            DB().exec(u"insert into Member (MemberCode, MemberName, chongzhi) values ('8003', '李娜', ?)"_s,
-                      {Money::fromDouble(12345.6)});
-            DB().exec(
-                u"insert into chongzhi (chongzhiid, MemberCode, operatorname, thismemoney, factpay, "
-                "OperatorTime) values ('c1', '8003', '小王', 12000000, 10000000, '2026-11-21 19:30')"_s);
+            topUp(Money::yuan(1000));
             // As the top-up window asks for it after its commit.
             ChongzhiReceipt receipt;
             receipt.chongzhiID = u"c1"_s;
@@ -579,8 +528,6 @@ class TestPrinting : public QObject {
         setup("PrinterHC", u"tcp://10.0.0.9:9100"_s);
         frmOption w;
         w.show();
-        QWidget* page = child<QWidget>(&w, "tabPrint");
-        QCOMPARE(child<QTabWidget>(&w, "ctbThis")->indexOf(page), 0);
         // A saved network printer is offered though the system does not know it.
         QCOMPARE(child<QComboBox>(&w, "cmbHC")->currentText(), u"tcp://10.0.0.9:9100"_s);
         QCOMPARE(child<QComboBox>(&w, "cmbPrinter")->currentText(), u"系统默认打印机"_s);
@@ -631,7 +578,6 @@ class TestPrinting : public QObject {
         QCOMPARE(App().IsPrintStartBill, 1);
         QCOMPARE(App().IsUseWareHouse, 1);
         QCOMPARE(App().CompanyName, u"星澜KTV（O'Neil 店）"_s);
-        QCOMPARE(text(u"select CompanyName from CompanyInfo"_s), App().CompanyName);
         QCOMPARE(GetIni(u"ThisTopWeb"_s), u"2"_s);
         QCOMPARE(
             dump(
@@ -641,8 +587,6 @@ class TestPrinting : public QObject {
     void printStyles() {
         NEW_VENUE(v);
         frmSeePrintType w(Paper::mm58);
-        QCOMPARE(child<QGroupBox>(&w, "fraDetailed")->title() + child<QGroupBox>(&w, "fraBrief")->title(),
-                 u"详细格式简洁格式"_s);
         // The brief style has neither the opening time nor the length of the stay.
         const QString detailed = ReceiptText(frmSeePrintType::sample(BillStyle::Detailed), Paper::mm58);
         const QString brief = ReceiptText(frmSeePrintType::sample(BillStyle::Brief), Paper::mm58);
