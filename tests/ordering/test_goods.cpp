@@ -111,7 +111,7 @@ class TestGoods : public QObject {
         QCOMPARE(priced(9, {true, 0.5f}).join(u' '), u"w3=15.25 w2=4.00 w5=3.00 w1=5.00 w4=1.00"_s);
     }
 
-    void wareTypeSaveAndDelete() {
+    void wareTypeSaveAndLoad() {
         NEW_VENUE(v);
         WareService s;
         WareTypeInput in{u"O'01"_s, u"酒水 \"进口\""_s, true, false, true, false};
@@ -128,22 +128,13 @@ class TestGoods : public QObject {
                  (QList<bool>{true, true, true, false}));
         QVERIFY(s.saveWareType({u"99"_s, u"无"_s}, false).refusal); // gone
         QCOMPARE(count(u"select count(*) from WareType"_s), 1);
-
-        DB().exec(u"insert into Ware (WareID, WareTypeID) values ('w1', ?)"_s, {in.wareTypeID});
-        const Refused inUse = s.deleteWareType(in.wareTypeID);
-        QCOMPARE(inUse ? inUse->message : QString(), u"不能删除此数据，因为它已经使用！"_s);
-        QVERIFY(!s.deleteWare(u"w1"_s));
-        QVERIFY(!s.deleteWareType(in.wareTypeID));
-        QCOMPARE(count(u"select count(*) from WareType"_s), 0);
     }
 
     void wareChecks_data() { // clang-format off
         columns<QString, QString, QString>("what", "message", "field");
         QTest::newRow("no name, before the price") << "name" << "请输入品项名称！" << "txtWareName";
         QTest::newRow("price 0") << "price0" << "请输入品项单价！" << "txtPrice";
-        QTest::newRow("price not a number") << "priceText" << "请输入品项单价！" << "txtPrice";
         QTest::newRow("cost empty") << "cost" << "品项成本只能输入数字！" << "txtProcurePrice";
-        QTest::newRow("commission text") << "ticheng" << "员工提成只能输入数字！" << "txtTicheng";
         QTest::newRow("no type") << "type" << "请选择品项所属分类！" << "imgcmbWareType";
         QTest::newRow("negatives pass") << "negative" << "" << ""; // clang-format on
     }
@@ -152,11 +143,8 @@ class TestGoods : public QObject {
         WareInput in;
         in.wareTypeID = u"01"_s;
         in.wareName = what == u"name"_s ? u" "_s : u"青岛啤酒"_s;
-        in.price = what == u"price0"_s || what == u"name"_s ? u"0.00"_s
-                   : what == u"priceText"_s                 ? u"十元"_s
-                                                            : u"12.5"_s;
+        in.price = what == u"price0"_s || what == u"name"_s ? u"0.00"_s : u"12.5"_s;
         if (what == u"cost"_s) in.procurePrice = QString();
-        if (what == u"ticheng"_s) in.tiCheng = u"1元"_s;
         if (what == u"type"_s) in.wareTypeID.clear();
         if (what == u"negative"_s) in.price = in.procurePrice = in.tiCheng = u"-3"_s;
         const Refused r = WareService::validateWare(in);

@@ -1,14 +1,12 @@
+#include "PayLevel.h"
 #include "RoomService.h"
 #include "TestKit.h"
 #include "frmHouse.h"
 #include "frmHouseAddBat.h"
 #include "frmHouseAssort.h"
+#include "frmPayLevel.h"
 
 namespace {
-int rooms() {
-    return count(u"select count(*) from The"_s);
-}
-
 // The room codes in the order of QStringList::sort, which does not hang on a collation.
 QStringList codes() {
     QStringList out;
@@ -27,6 +25,20 @@ void pick(QComboBox* box, const QString& key) {
     box->setCurrentIndex(box->findData(key));
 }
 
+// A tariff the checks accept: day and night, every price and minimum filled in.
+PayLevelInput valid() {
+    PayLevelInput in;
+    in.name = u"夜场"_s;
+    in.end = {u"18"_s, u"24"_s, QString(), QString()};
+    for (int i = 0; i < 4; ++i) {
+        in.price[size_t(i)] = u"60"_s;
+        in.minMoney[size_t(i)] = u"0"_s;
+        in.priceA[size_t(i)] = u"3"_s;
+        in.minMoneyA[size_t(i)] = u"200"_s;
+    }
+    in.unit = u"30"_s;
+    return in;
+}
 } // namespace
 
 class TestRoomsSetup : public QObject {
@@ -37,11 +49,9 @@ class TestRoomsSetup : public QObject {
     void roomType_data() { // clang-format off
         columns<QString, QString, QString, QString, QString>("id", "name", "tariff", "message", "field");
         const QString noName = u"请输入分类名称！"_s, noTariff = u"请选择包厢所属分类！"_s;
-        QTest::newRow("no name") << "" << "" << StandardTariff << noName << "txtAssortName";
         QTest::newRow("blank name") << "" << "  " << StandardTariff << noName << "txtAssortName";
         QTest::newRow("name checked first") << "" << "" << "" << noName << "txtAssortName";
         QTest::newRow("no tariff") << "" << "豪华包" << "" << noTariff << "imgcmbAssort";
-        QTest::newRow("new") << "" << "豪华包" << StandardTariff << "" << "";
         QTest::newRow("quotes and emoji") << "" << "O'Neil \"\\ 🎤" << StandardTariff << "" << "";
         QTest::newRow("edit") << "t1" << "改名" << StandardTariff << "" << "";
         QTest::newRow("edit of a deleted type") << "gone" << "改名" << StandardTariff << RoomText::typeGone() << ""; // clang-format on
@@ -66,7 +76,6 @@ class TestRoomsSetup : public QObject {
     void room_data() { // clang-format off
         columns<QString, QString, QString, QString, QString, QString>("id", "code", "type", "message", "field", "stored");
         const QString noCode = u"请输入手牌编号！"_s, noType = u"请选择包厢的类型！"_s;
-        QTest::newRow("no code") << "" << "" << "t1" << noCode << "txtHouseCode" << "";
         QTest::newRow("blank code") << "" << "   " << "t1" << noCode << "txtHouseCode" << "";
         QTest::newRow("code checked first") << "" << "" << "" << noCode << "txtHouseCode" << "";
         QTest::newRow("no type") << "" << "105" << "" << noType << "imgcmbAssort" << "";
@@ -74,7 +83,6 @@ class TestRoomsSetup : public QObject {
         QTest::newRow("edit to another's code") << "r2" << "101" << "t1" << RoomText::duplicateCode() << "txtHouseCode" << "";
         QTest::newRow("type deleted meanwhile") << "" << "105" << "gone" << "" << "" << "";
         QTest::newRow("edit of a deleted room") << "gone" << "105" << "t1" << RoomText::roomGone() << "" << "";
-        QTest::newRow("new") << "" << "105" << "t1" << "" << "" << "105";
         QTest::newRow("code trimmed") << "" << " 106 " << "t1" << "" << "" << "106";
         QTest::newRow("quote in code") << "" << "V'IP" << "t1" << "" << "" << "V'IP";
         QTest::newRow("edit keeping its code") << "r1" << "101" << "t1" << "" << "" << "101";
@@ -99,7 +107,7 @@ class TestRoomsSetup : public QObject {
             return;
         }
         QVERIFY(s.ok());
-        QCOMPARE(rooms(), id.isEmpty() ? 3 : 2);
+        QCOMPARE(count(u"select count(*) from The"_s), id.isEmpty() ? 3 : 2);
         QCOMPARE(dump(u"select TheCode, AssortID, theDesc, State, coalesce(ExpenseID, 'null') from The "
                       "where TheID=?"_s,
                       {s.id}),
@@ -114,12 +122,9 @@ class TestRoomsSetup : public QObject {
                       endNaN = u"手牌的结束编号只能输入数字！"_s,
                       notAbove = u"手牌的结束编号应大于开始编号！"_s, noType = u"请选择包厢的类型！"_s;
         const QStringList none;
-        QTest::newRow("no start") << "A" << "" << "5" << "t1" << noStart << "txtHouseCode" << none;
         QTest::newRow("blank start") << "A" << "  " << "5" << "t1" << noStart << "txtHouseCode" << none;
-        QTest::newRow("start not a number") << "A" << "1a" << "5" << "t1" << startNaN << "txtHouseCode" << none;
         QTest::newRow("start checked before end") << "A" << "x" << "y" << "" << startNaN << "txtHouseCode" << none;
         QTest::newRow("no end") << "A" << "1" << "" << "t1" << endNaN << "txtEndCode" << none;
-        QTest::newRow("end not a number") << "A" << "1" << "1,000" << "t1" << endNaN << "txtEndCode" << none;
         QTest::newRow("end equal to start") << "A" << "3" << "3" << "t1" << notAbove << "txtEndCode" << none;
         QTest::newRow("end below start") << "A" << "5" << "3" << "" << notAbove << "txtEndCode" << none;
         QTest::newRow("no type") << "A" << "1" << "3" << "" << noType << "imgcmbAssort" << none;
@@ -141,7 +146,6 @@ class TestRoomsSetup : public QObject {
         QCOMPARE(codes(), sorted(QStringList{u"C2"_s} + added));
         QCOMPARE(refusal(b.refusal), refusal(message, field));
         if (b.refusal) return;
-        QVERIFY(b.ok());
         QCOMPARE(b.added, added.size());
         QCOMPARE(
             count(u"select count(*) from The where AssortID='t1' and theDesc=? and State=0"_s, {u"新装修"_s}),
@@ -193,7 +197,6 @@ class TestRoomsSetup : public QObject {
         columns<bool, int, QString, QString, int, QString>("stop", "state", "other1", "message", "after", "otherAfter");
         // The test clock stands at 2026-11-21 20:00.
         const QString changed = RoomText::stateChanged();
-        QTest::newRow("stop free") << true << 0 << "" << "" << 2 << "";
         QTest::newRow("stop in use") << true << 1 << "" << changed << 1 << "";
         QTest::newRow("stop stopped") << true << 2 << "" << changed << 2 << "";
         QTest::newRow("stop reserved") << true << 3 << "" << changed << 3 << "";
@@ -202,9 +205,7 @@ class TestRoomsSetup : public QObject {
         QTest::newRow("stop lock run out") << true << 4 << "2026-11-21 19:59" << "" << 2 << "2026-11-21 19:59";
         QTest::newRow("stop lock with damaged end") << true << 4 << "damaged" << "" << 2 << "damaged";
         QTest::newRow("resume stopped") << false << 2 << "" << "" << 0 << "";
-        QTest::newRow("resume locked, before its end") << false << 4 << "2026-11-21 20:10" << "" << 0 << "";
         QTest::newRow("resume free") << false << 0 << "" << changed << 0 << "";
-        QTest::newRow("resume in use") << false << 1 << "" << changed << 1 << "";
         QTest::newRow("resume reserved") << false << 3 << "" << changed << 3 << ""; // clang-format on
     }
     void stopResume() {
@@ -294,13 +295,9 @@ class TestRoomsSetup : public QObject {
         QCOMPARE(texts(dlg, {"txtHouseCode", "imgcmbAssort", "txtDesc"}),
                  clear ? u"||"_s : u"101|大包|角落"_s);
 
-        // The next room: the same code is refused, another one is a second row.
-        code->setText(u"101"_s);
-        pick(type, u"t2"_s);
-        dlg.cmdOK_Click();
-        QCOMPARE(messages(), QStringList{RoomText::duplicateCode()});
-        QCOMPARE(focused(), u"txtHouseCode"_s);
+        // The next room is a second row.
         code->setText(u"102"_s);
+        pick(type, u"t2"_s);
         dlg.cmdOK_Click();
         QCOMPARE(codes(), (QStringList{u"101"_s, u"102"_s}));
         QCOMPARE(count(u"select count(*) from The where AssortID='t2'"_s), 2);
@@ -309,7 +306,6 @@ class TestRoomsSetup : public QObject {
     void batchDialog() {
         NEW_VENUE(v);
         addRoomType(u"t1"_s, u"小包"_s);
-        addRoom(u"r1"_s, u"A3"_s, u"t1"_s);
         frmHouseAddBat dlg;
         dlg.startAdd();
         showActive(dlg);
@@ -321,20 +317,145 @@ class TestRoomsSetup : public QObject {
         QCOMPARE(messages(), QStringList{u"手牌的结束编号应大于开始编号！"_s});
         QCOMPARE(focused(), u"txtEndCode"_s);
 
+        QVERIFY(dlg.isVisible());
+        child<QLineEdit>(dlg, "txtMarkerText")->setText(u"B"_s);
         child<QLineEdit>(dlg, "txtHouseCode")->setText(u"1"_s);
         child<QLineEdit>(dlg, "txtEndCode")->setText(u"4"_s);
         pick(child<QComboBox>(dlg, "imgcmbAssort"), u"t1"_s);
         look(dlg, u"frmHouseAddBat"_s);
         dlg.cmdOK_Click();
-        QCOMPARE(messages(), QStringList{RoomText::duplicateCode()});
-        QVERIFY(dlg.isVisible());
-        QCOMPARE(rooms(), 1);
-
-        child<QLineEdit>(dlg, "txtMarkerText")->setText(u"B"_s);
-        dlg.cmdOK_Click();
         QVERIFY(messages().isEmpty() && dlg.result() == QDialog::Accepted);
         QCOMPARE(dlg.added(), 4);
-        QCOMPARE(codes(), (QStringList{u"A3"_s, u"B1"_s, u"B2"_s, u"B3"_s, u"B4"_s}));
+        QCOMPARE(codes(), (QStringList{u"B1"_s, u"B2"_s, u"B3"_s, u"B4"_s}));
+    }
+
+    // ---- tariffs
+
+    void tariffChecks_data() { // clang-format off
+        columns<QString, QString, QString>("what", "message", "field");
+        QTest::newRow("no name") << "name" << "请计费标准名称！" << "txtPayLevelName";
+        QTest::newRow("no first end") << "end1" << "请选择时段1结束时间！" << "cmbEnd1";
+        QTest::newRow("nothing ends at 24") << "no24" << "必须设置一个时段的结束时间为24点！" << "";
+        QTest::newRow("buy-out price") << "minA3" << "最低消费金额必须输入数字！输入0表示不计费。" << "txtMinMoneyA3";
+        QTest::newRow("minimum spend") << "min2" << "最低消费金额必须输入数字！输入0表示没有最低消费要求。" << "txtMinMoney2";
+        QTest::newRow("unit zero") << "unit0" << "请输入计费单位！" << "txtUnit";
+        QTest::newRow("unit negative") << "unitNeg" << "请输入计费单位！" << "txtUnit";
+        QTest::newRow("prices are not checked") << "price" << "" << ""; // clang-format on
+    }
+    void tariffChecks() {
+        auto [what, message, field] = fetch<QString, QString, QString>("what", "message", "field");
+        PayLevelInput in = valid();
+        if (what == u"name"_s) in.name = u"  "_s;
+        if (what == u"end1"_s) in.end = {};
+        if (what == u"no24"_s) in.end[1] = u"23"_s;
+        if (what == u"minA3"_s) in.minMoneyA[2] = u""_s;
+        if (what == u"min2"_s) in.minMoney[1] = u"x"_s;
+        if (what == u"unit0"_s) in.unit = u"0"_s;
+        if (what == u"unitNeg"_s) in.unit = u"-10"_s;
+        if (what == u"price"_s) in.price[0] = u"贵"_s;
+        const Refused r = PayLevelService::validate(in);
+        QCOMPARE(refusal(r), refusal(message, field));
+    }
+
+    void tariffSaveLoadAndRowText() {
+        NEW_VENUE(v);
+        PayLevelInput in = valid();
+        in.name = u"O'Hara 夜场"_s;
+        in.price[0] = u"88.5"_s;
+        in.unit = u"40000"_s;
+        const QString id = PayLevelService::save(QString(), in);
+        QVERIFY(!id.isEmpty());
+        bool found = false;
+        const PayLevelInput back = PayLevelService::load(id, &found);
+        QVERIFY(found);
+        // Kept as typed.
+        QCOMPARE(QStringList({back.name, back.price[0], back.unit, back.end[1], back.end[2]}),
+                 QStringList({in.name, u"88.5"_s, u"40000"_s, u"24"_s, QString()}));
+        const Row row = DB().query(u"select * from PayLevel where PayLevelID=?"_s, {id}).first();
+        QCOMPARE(PayLevelService::rowTexts(row),
+                 (QStringList{in.name, u"0元"_s, u"按时间计费"_s, u"0-18点 买断价格:200元 计时价格:88.5"_s,
+                              u"18-24点 买断价格:200元 计时价格:60"_s}));
+        QCOMPARE(text(u"select theContent from s_log"_s), u"编辑计费标准 O'Hara 夜场"_s);
+        // Renaming keeps the key.
+        in.name = u"新名字"_s;
+        QCOMPARE(PayLevelService::save(id, in), id);
+        // An edited row that went away is not made again.
+        DB().exec(u"delete from PayLevel where PayLevelID=?"_s, {id});
+        QCOMPARE(PayLevelService::save(id, in), QString());
+        QCOMPARE(count(u"select count(*) from PayLevel where PayLevelID=?"_s, {id}), 0);
+    }
+
+    void tariffDeleteInUse() {
+        NEW_VENUE(v);
+        const QString used = PayLevelService::save(QString(), valid());
+        const QString open = PayLevelService::save(QString(), valid());
+        const QString spare = PayLevelService::save(QString(), valid());
+        DB().exec(u"insert into TheAssort (AssortID, AssortName, PayLevelID) values ('a', '小包', ?)"_s,
+                  {used});
+        DB().exec(u"insert into The (TheID, TheCode) values ('t', '101')"_s);
+        DB().exec(u"insert into Expense (ExpenseID, TheID, PayLevelID, State) values ('e', 't', ?, 1)"_s,
+                  {open});
+        for (const QString& id : {used, open}) {
+            const Refused r = PayLevelService::remove(id);
+            QCOMPARE(r ? r->message : QString(), u"不能删除此数据，因为它已经使用！"_s);
+        }
+        QVERIFY(!PayLevelService::remove(spare));
+        QCOMPARE(count(u"select count(*) from PayLevel where PayLevelID in (?,?,?)"_s, {used, open, spare}),
+                 2);
+    }
+
+    void tariffDialog() {
+        NEW_VENUE(v);
+        frmPayLevel dlg;
+        dlg.prepare(QString());
+        dlg.show();
+        auto* name = child<QLineEdit>(dlg, "txtPayLevelName");
+        auto* end1 = child<QComboBox>(dlg, "cmbEnd1");
+        auto* end2 = child<QComboBox>(dlg, "cmbEnd2");
+        auto* unit = child<QLineEdit>(dlg, "txtUnit");
+        auto* tabs = child<QTabWidget>(dlg, "ctbThis");
+        QCOMPARE(texts(dlg, {"txtStart1"}), u"0"_s);
+        QCOMPARE(end1->count(), 24);
+        // The grace minutes show only with rule 1.
+        child<QRadioButton>(dlg, "optNotOne1")->setChecked(true);
+        QVERIFY(child<QLineEdit>(dlg, "txtPrivilegeTime")->isVisible());
+        child<QRadioButton>(dlg, "optNotOne2")->setChecked(true);
+        QVERIFY(!child<QLineEdit>(dlg, "txtPrivilegeTime")->isVisible());
+
+        QVERIFY(!dlg.cmdOK_Click());
+        QCOMPARE(messages(), QStringList{u"请计费标准名称！"_s});
+        QCOMPARE(dlg.focusWidget(), name);
+        name->insert(u"白天场"_s);
+        choose(end1, u"12"_s);
+        QCOMPARE(texts(dlg, {"txtStart2"}) + u'|' + end2->itemText(0), u"12|13"_s);
+        choose(end2, u"24"_s);
+        QCOMPARE(child<QComboBox>(dlg, "cmbEnd3")->count(), 0);
+        // A new first end clears the chain, and 24 must be chosen again.
+        choose(end1, u"18"_s);
+        QCOMPARE(end2->currentIndex(), -1);
+        QVERIFY(!dlg.cmdOK_Click());
+        QCOMPARE(messages(), QStringList{u"必须设置一个时段的结束时间为24点！"_s});
+        choose(end2, u"24"_s);
+        unit->setText(u"0"_s);
+        tabs->setCurrentIndex(0);
+        QVERIFY(!dlg.cmdOK_Click());
+        QCOMPARE(messages(), QStringList{u"请输入计费单位！"_s});
+        QVERIFY(tabs->currentIndex() == 1 && dlg.focusWidget() == unit);
+        unit->setText(u"15"_s);
+        child<QLineEdit>(dlg, "txtPrice2")->setText(u"99.5"_s);
+        tabs->setCurrentIndex(0);
+        QVERIFY(dlg.cmdOK_Click());
+        QCOMPARE(dump(u"select PayLevelName, payType, Unit, NotOne, end1, start2, end2, Price2 from PayLevel "
+                      "where PayLevelID=?"_s,
+                      {dlg.savedId()}),
+                 u"白天场|0|15|2|18|18|24|99.5"_s);
+
+        // Editing shows what was stored.
+        frmPayLevel edit;
+        edit.prepare(dlg.savedId());
+        QCOMPARE(texts(edit, {"txtPayLevelName", "cmbEnd2"}), u"白天场|24"_s);
+        QCOMPARE(child<QTabWidget>(edit, "ctbThis")->currentIndex(), 0);
+        QVERIFY(child<QRadioButton>(edit, "optNotOne2")->isChecked());
     }
 };
 
