@@ -34,16 +34,6 @@ void signInWithoutRights() {
 class TestRightsSweep : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void codes_exist_and_admin_holds_them() {
-        NEW_VENUE(v);
-        for (const MenuCommand& c : MenuCommands()) {
-            if (c.right.isEmpty()) continue;
-            QVERIFY2(count(u"select count(*) from SysPuissance where SysPuissanceID=?"_s, {c.right}) == 1,
-                     qPrintable(c.right));
-            QVERIFY2(HasPuissance(BuiltInAdminID, c.right), qPrintable(c.right));
-        }
-    }
-
     void menus_refuse_without_rights() {
         NEW_VENUE(v);
         signInWithoutRights();
@@ -51,6 +41,9 @@ class TestRightsSweep : public QObject {
         messages();
         for (const MenuCommand& c : MenuCommands()) {
             if (c.right.isEmpty()) continue;
+            QVERIFY2(count(u"select count(*) from SysPuissance where SysPuissanceID=?"_s, {c.right}) == 1,
+                     qPrintable(c.right));
+            QVERIFY2(HasPuissance(BuiltInAdminID, c.right), qPrintable(c.right));
             main.runCommand(c.name);
             QCOMPARE(messages(), QStringList{NoRight});
         }
@@ -75,25 +68,20 @@ class TestRightsSweep : public QObject {
         add(new frmReservation);
         add(new frmSupplierList);
         add(new frmUpdate);
-        const auto button = [&](const GuardedButton& g) -> QAbstractButton* {
-            for (const auto& [name, form] : forms) {
-                QWidget* w = name == g.form ? form.get() : form->findChild<QWidget*>(g.form);
-                if (w) return w->findChild<QAbstractButton*>(g.button);
-            }
+        // The window of the entry, or the page of a window it names.
+        const auto form = [&](const GuardedButton& g) -> QWidget* {
+            for (const auto& [name, f] : forms)
+                if (QWidget* w = name == g.form ? f.get() : f->findChild<QWidget*>(g.form)) return w;
             return nullptr;
         };
-        for (const GuardedButton& g : GuardedButtons()) {
-            QObject* form = forms.count(g.form) ? forms[g.form].get() : nullptr;
-            for (const auto& [name, f] : forms)
-                if (!form) form = f->findChild<QWidget*>(g.form);
-            QVERIFY2(form && CheckButton(form, g.button), qPrintable(g.form + u'.' + g.button));
-        }
+        for (const GuardedButton& g : GuardedButtons())
+            QVERIFY2(form(g) && CheckButton(form(g), g.button), qPrintable(g.form + u'.' + g.button));
         QCOMPARE(messages(), QStringList());
 
         signInWithoutRights();
         const qint64 rows = count(u"select count(*) from s_log"_s);
         for (const GuardedButton& g : GuardedButtons()) {
-            QAbstractButton* b = button(g);
+            QAbstractButton* b = form(g)->findChild<QAbstractButton*>(g.button);
             QVERIFY2(b, qPrintable(g.form + u'.' + g.button));
             b->setEnabled(true);
             b->click();
