@@ -1,7 +1,6 @@
 // The till's windows on a 1366x768 screen at the scaling of the run (QT_SCALE_FACTOR 1, 1.25,
 // 1.5): each within the available screen, its amounts and its commit button in sight.
 #include "FocusStyle.h"
-#include "RoomBoard.h"
 #include "RoomUse.h"
 #include "ScreenFit.h"
 #include "StockRecords.h"

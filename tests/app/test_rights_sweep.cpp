@@ -16,7 +16,6 @@
 #include "frmSetupMember.h"
 #include "frmSupplierList.h"
 #include "frmUpdate.h"
-#include <QAbstractButton>
 
 namespace {
 const QString NoRight = u"您没有操作此项业务的权限！"_s;

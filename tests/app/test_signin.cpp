@@ -1,4 +1,3 @@
-#include "AppInit.h"
 #include "Puissance.h"
 #include "SignIn.h"
 #include "TestKit.h"
@@ -144,7 +143,6 @@ class TestSignIn : public QObject {
         auto* txtTime = child<QLineEdit>(w, "txtTime");
         QCOMPARE(txtTime->text(), u"0"_s);
         QVERIFY(!w.refreshTimer()->isActive());
-        QCOMPARE(texts(w, {"OperatorName"}), u"操作员：系统管理员"_s);
         auto* memo = child<QPlainTextEdit>(w, "txtMemo");
         QCOMPARE(memo->toPlainText(), u"交班\n记得续酒"_s);
 

@@ -13,7 +13,6 @@
 #include "frmPayLevel.h"
 #include <QDockWidget>
 #include <QPlainTextEdit>
-#include <algorithm>
 #include <string>
 
 namespace {

@@ -27,7 +27,6 @@
 #include "frmWare.h"
 #include "frmWareLevel.h"
 #include "frmWareType.h"
-#include <cmath>
 
 namespace {
 const QString TwentyNines = u"99999999999999999999"_s;
