@@ -180,7 +180,8 @@ class TestCheckoutWindow : public QObject {
                 QVERIFY2(!child<QPushButton>(d, b)->isEnabled(), b);
             auto* list = child<QTreeWidget>(d, "lvwPayAfter");
             QCOMPARE(list->topLevelItemCount(), 1); // the open deferred bills at once
-            QTest::keyClick(d, Qt::Key_F4);         // no bill chosen: nothing happens
+            // No bill chosen: F4 does nothing.
+            QTest::keyClick(d, Qt::Key_F4);
 
             auto* find = child<QLineEdit>(d, "txtjzrInfo");
             type(find, u"赵"_s);

@@ -53,20 +53,11 @@ class TestRightsSweep : public QObject {
     void form_buttons_refuse_without_rights() {
         NEW_VENUE(v);
         std::map<QString, std::unique_ptr<QWidget>> forms;
-        const auto add = [&](QWidget* w) { forms[w->objectName()].reset(w); };
-        add(new frmOption);
-        add(new frmLog);
-        add(new frmOperatorList);
-        add(new frmExpenseDetail);
-        add(new frmOutSale);
-        add(new frmCloseHouse);
-        add(new frmEmployeeList);
-        add(new frmMemberList);
-        add(new frmChongzhiList);
-        add(new frmSetupMember);
-        add(new frmReservation);
-        add(new frmSupplierList);
-        add(new frmUpdate);
+        for (QWidget* w : std::initializer_list<QWidget*>{
+                 new frmOption, new frmLog, new frmOperatorList, new frmExpenseDetail, new frmOutSale,
+                 new frmCloseHouse, new frmEmployeeList, new frmMemberList, new frmChongzhiList,
+                 new frmSetupMember, new frmReservation, new frmSupplierList, new frmUpdate})
+            forms[w->objectName()].reset(w);
         // The window of the entry, or the page of a window it names.
         const auto form = [&](const GuardedButton& g) -> QWidget* {
             for (const auto& [name, f] : forms)

@@ -102,7 +102,7 @@ class TestSignIn : public QObject {
         dlg.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dlg));
 
-        // A disabled account is told so, and nothing is logged.
+        // A disabled account is told so.
         user->setText(u"gone"_s);
         pw->setText(u"secret"_s);
         QTest::mouseClick(ok, Qt::LeftButton);

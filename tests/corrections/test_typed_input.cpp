@@ -248,15 +248,11 @@ class TestTypedInput : public QObject {
     // Limits count characters: a rare character at the limit stays whole or goes whole.
     void lengthLimits() {
         NEW_VENUE(venue);
-        std::unique_ptr<QWidget> forms[] = {
-            std::make_unique<frmLogin>(),       std::make_unique<frmOpenHouse>(),
-            std::make_unique<frmHouseChange>(), std::make_unique<frmExpenseAmalgamate>(),
-            std::make_unique<frmHouse>(),       std::make_unique<frmHouseAddBat>(),
-            std::make_unique<frmHouseAssort>(), std::make_unique<frmWare>(),
-            std::make_unique<frmWareType>(),    std::make_unique<frmWareLevel>(),
-            std::make_unique<frmEmployee>(),    std::make_unique<frmChongzhi>(),
-            std::make_unique<frmCloseHouse>()};
-        for (const auto& form : forms) {
+        for (QWidget* made : std::initializer_list<QWidget*>{
+                 new frmLogin, new frmOpenHouse, new frmHouseChange, new frmExpenseAmalgamate, new frmHouse,
+                 new frmHouseAddBat, new frmHouseAssort, new frmWare, new frmWareType, new frmWareLevel,
+                 new frmEmployee, new frmChongzhi, new frmCloseHouse}) {
+            const std::unique_ptr<QWidget> form(made);
             int limited = 0;
             for (QLineEdit* box : form->findChildren<QLineEdit*>()) {
                 const QVariant limit = box->property("characterLimit");
