@@ -50,8 +50,12 @@ void advanceClock(qint64 minutes) {
     Clock::install(std::make_unique<FixedClock>(Now().addSecs(minutes * 60)));
 }
 
-// Opens A01 from the board and orders two beers and a pack of cigarettes.
+// The venue on a shown board, A01 opened from it an hour ago with two beers and a pack of
+// cigarettes ordered; the bill.
 QString openAndOrder(frmMain& w) {
+    addVenue();
+    w.show();
+    w.Init();
     if (!w.board()->selectRoom(u"r1"_s)) qFatal("no room A01 on the board");
     onModal(u"frmOpenHouse"_s, [](QDialog* d) { child<QPushButton>(d, "cmdExpense")->click(); });
     onModal(u"frmExpenseDetail"_s, [](QDialog* d) {
@@ -64,6 +68,7 @@ QString openAndOrder(frmMain& w) {
         child<QPushButton>(d, "cmdClose")->click();
     });
     w.action(u"mnuOpOpen"_s)->trigger();
+    advanceClock(60);
     return w.board()->selectedTag();
 }
 
@@ -90,13 +95,8 @@ class TestCheckoutWindow : public QObject {
     // evening leaves it.
     void room_life_with_member_and_cash() {
         NEW_VENUE(v);
-        addVenue();
         frmMain w;
-        w.show();
-        w.Init();
         const QString id = openAndOrder(w);
-        advanceClock(60);
-
         onModal(u"frmCloseHouse"_s, [&](QDialog* d) {
             QCOMPARE(focused(d), u"txtCustomerCode"_s);
             QVERIFY(!child<QTabWidget>(d, "ctbThis")->isTabVisible(1));
@@ -148,14 +148,10 @@ class TestCheckoutWindow : public QObject {
     // commit: a printer that fails is told and the payment stands.
     void deferred_then_settled_from_the_list() {
         NEW_VENUE(v);
-        addVenue();
-        SetSetup(u"Printer"_s, u"tcp://127.0.0.1:1"_s);
         frmMain w;
-        w.show();
-        w.Init();
-        App().LockTime = 10;
         const QString id = openAndOrder(w);
-        advanceClock(60);
+        SetSetup(u"Printer"_s, u"tcp://127.0.0.1:1"_s);
+        App().LockTime = 10;
 
         onModal(u"frmCloseHouse"_s, [&](QDialog* d) {
             Msg::setNextAnswer(QMessageBox::Yes);
@@ -221,7 +217,8 @@ class TestCheckoutWindow : public QObject {
     // the cash box.
     void free_bill_limits_and_keys() {
         NEW_VENUE(v);
-        addVenue();
+        frmMain w;
+        const QString id = openAndOrder(w);
         SetSetup(u"HClose"_s, u"1"_s);
         App().CurrentDiscountLimit = 10;
         App().CurrentCloseTimeLimit = 30;
@@ -230,12 +227,6 @@ class TestCheckoutWindow : public QObject {
             started << (p == Desktop::Program::Calculator ? u"calc"_s : u"other"_s);
             return false;
         });
-        frmMain w;
-        w.show();
-        w.Init();
-        const QString id = openAndOrder(w);
-        advanceClock(60);
-
         onModal(u"frmCloseHouse"_s, [&](QDialog* d) {
             QCOMPARE(focused(d), u"txtFactPay"_s);
             QTest::keyClick(d->focusWidget(), Qt::Key_F11);
