@@ -1,6 +1,5 @@
 #include "ChangeFeed.h"
 #include "CheckoutService.h"
-#include "ExpenseLines.h"
 #include "OrderService.h"
 #include "RoomBoard.h"
 #include "RoomUse.h"
@@ -56,7 +55,6 @@ class TestChangeFeed : public QObject {
         other.open(v.config());
 
         const QString bill = RoomUseService(other).open(party(u"r1"_s)).expenseID;
-        QVERIFY(!bill.isEmpty());
         QTRY_COMPARE_WITH_TIMEOUT(status(board, u"r1"_s), u"Use"_s, 5000);
         QCOMPARE(tile(board, u"r1"_s)->data(RoomBoard::TagRole).toString(), bill);
         // Only the tile concerned was read again: the other one is the same item as before.
@@ -82,7 +80,6 @@ class TestChangeFeed : public QObject {
         QStringList heard;
         for (const QList<QVariant>& call : spy)
             heard << call.first().toStringList();
-        QVERIFY(heard.contains(u"Rr2"_s));
         // On SQLite the other till's checkout may arrive as "something changed"; never as r2's.
         QCOMPARE(heard.count(u"Rr2"_s), 1);
 

@@ -1,25 +1,22 @@
 // The till's windows on a 1366x768 screen at the scaling of the run (QT_SCALE_FACTOR 1, 1.25,
 // 1.5): each within the available screen, its amounts and its commit button in sight.
 #include "FocusStyle.h"
-#include "RoomBoard.h"
 #include "RoomUse.h"
 #include "ScreenFit.h"
 #include "StockRecords.h"
 #include "TestKit.h"
-#include "frmCheckForm.h"
-#include "frmDataImport.h"
-#include "frmSetup.h"
-#include "frmUpdate.h"
 #include "frmBusReorder.h"
 #include "frmChart.h"
-#include "frmFind.h"
-#include "frmFindIncome.h"
+#include "frmCheckForm.h"
 #include "frmChongzhi.h"
 #include "frmCloseHouse.h"
+#include "frmDataImport.h"
 #include "frmEditReservation.h"
 #include "frmEmployee.h"
 #include "frmExpenseAmalgamate.h"
 #include "frmExpenseDetail.h"
+#include "frmFind.h"
+#include "frmFindIncome.h"
 #include "frmHouseChange.h"
 #include "frmMain.h"
 #include "frmMember.h"
@@ -29,9 +26,11 @@
 #include "frmOutSale.h"
 #include "frmPayLevel.h"
 #include "frmReservation.h"
+#include "frmSetup.h"
 #include "frmShouyinInfo.h"
 #include "frmSupplier.h"
 #include "frmSupplierList.h"
+#include "frmUpdate.h"
 #include "frmWare.h"
 #include "frmWareIn.h"
 #include "frmWareLoss.h"
@@ -68,131 +67,98 @@ template <class W, class F> Make dialog(F prepare) {
         return prepare(d, bill) ? d : nullptr;
     };
 }
-// The windows: a row name, the controls that must be in sight, and how the till makes the
-// window ready (nothing for the main window).
-struct Window {
-    const char* row;
-    const char* inSight;
-    Make make;
-};
-const QList<Window>& windows() {
-    // clang-format off
-    static const QList<Window> all = {
-        {"main", "lvwThisIcons lblOughtMoney", nullptr},
-        {"checkout", "OKButton txtExpenseMoney txtOughtMoney txtFactPay txtTemp",
-         dialog<frmCloseHouse>([](auto* d, auto& b) { d->prepare(b, false); return true; })},
-        {"deferred bills", "OKButton txtjzrInfo",
-         dialog<frmCloseHouse>([](auto* d, auto&) { d->prepare({}, true); return true; })},
-        {"order entry", "cmdAdd txtInput lblThisSum",
-         dialog<frmExpenseDetail>([](auto* d, auto& b) { d->Init(b); return true; })},
-        {"retail sale", "OKButton cmdAdd txtInput txtOughtMoney txtFactPay txtTemp",
-         dialog<frmOutSale>([](auto* d, auto&) { d->Init(); return true; })},
-        {"open", "OKButton",
-         dialog<frmOpenHouse>([](auto* d, auto&) { return d->prepare(u"r2"_s); })},
-        {"change", "OKButton",
-         dialog<frmHouseChange>([](auto* d, auto& b) { return d->prepare(b); })},
-        {"merge", "OKButton",
-         dialog<frmExpenseAmalgamate>([](auto* d, auto&) { d->prepare(); return true; })},
-        {"top-up", "OKButton",
-         dialog<frmChongzhi>([](auto* d, auto&) { d->prepare(u"M1"_s); return true; })},
-        {"member", "OKButton",
-         dialog<frmMember>([](auto* d, auto&) { d->startAdd(); return true; })},
-        {"members", "cmdClose",
-         dialog<frmMemberList>([](auto* d, auto&) { d->prepare(false); return true; })},
-        // The manager's windows as well.
-        {"options", "cmdClose",
-         dialog<frmOption>([](auto*, auto&) { return true; })},
-        {"tariff", "cmdOK",
-         dialog<frmPayLevel>([](auto* d, auto&) { d->prepare(u"00000000000000001"_s); return true; })},
-        {"goods", "cmdOK",
-         dialog<frmWare>([](auto* d, auto&) { d->startAdd(); return true; })},
-        {"employee", "cmdOK",
-         dialog<frmEmployee>([](auto* d, auto&) { d->startAdd(); return true; })},
-        {"reservations", "cmdClose",
-         dialog<frmReservation>([](auto* d, auto&) { d->LoadReservation(); return true; })},
-        {"reservation", "OKButton",
-         dialog<frmEditReservation>([](auto* d, auto&) { d->prepare(ReservationMode::Add, u"r2"_s, {}, true); return true; })},
-        {"suppliers", "cmdExit",
-         dialog<frmSupplierList>([](auto* d, auto&) { d->prepare(false); return true; })},
-        {"supplier", "OKButton",
-         dialog<frmSupplier>([](auto* d, auto&) { return d->prepare({}); })},
-        {"stock", "OKButton",
-         dialog<frmWarehouseNum>([](auto* d, auto&) { d->LoadData(); return true; })},
-        {"receipt", "OKButton cmdWareOut",
-         dialog<frmWareIn>([](auto* d, auto&) { d->prepare(); return true; })},
-        {"adjustment", "OKButton",
-         dialog<frmWareLoss>([](auto* d, auto&) { d->prepare(); return true; })},
-        {"receipts", "cmdClose cmdFind",
-         dialog<frmWareInList>([](auto* d, auto&) { d->prepare(0); return true; })},
-        {"reconciliation", "OKButton",
-         dialog<frmCheckForm>([](auto* d, auto&) { d->LoadData(); return true; })},
-        {"hand-overs", "cmdClose cmdFind",
-         dialog<frmShouyinInfo>([](auto*, auto&) { return true; })},
-        {"bill query", "cmdFind cmdFindPrintOK cmdClose lblSumMoney lblSumFreePay",
-         dialog<frmFind>([](auto*, auto&) { return true; })},
-        {"income", "cmdFind cmdClose lblThisSumIncome lblSumIncome",
-         dialog<frmFindIncome>([](auto*, auto&) { return true; })},
-        {"ranking", "cmdFind cmdClose txtSumOughtMoney txtSumTiChengMoney",
-         dialog<frmBusReorder>([](auto*, auto&) { return true; })},
-        {"chart", "cmdFind cmdClose C1Tab1",
-         dialog<frmChart>([](auto*, auto&) { return true; })},
-        {"data management", "cmdClose cmdBackup cmdResume cmdClearAllData",
-         dialog<frmSetup>([](auto*, auto&) { return true; })},
-        {"upgrade", "cmdCancel cmdUpdate cmdSQL Command1",
-         dialog<frmUpdate>([](auto*, auto&) { return true; })},
-        {"goods import", "cmdClose cmdShowData cmdDo",
-         dialog<frmDataImport>([](auto*, auto&) { return true; })},
-    };
-    // clang-format on
-    return all;
+// A dialog made ready by `prepare`, which cannot fail; by nothing at all without one.
+template <class W> Make ready(std::function<void(W*)> prepare = {}) {
+    return dialog<W>([prepare](W* d, const QString&) {
+        if (prepare) prepare(d);
+        return true;
+    });
 }
 } // namespace
 
 class TestFitScreen : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void windows_fit_data();
-    void windows_fit();
+    // The windows: the controls that must be in sight, and how the till makes the window ready
+    // (nothing for the main window).
+    void windows_fit_data() {
+        columns<QString, Make>("inSight", "make");
+        const auto row = [](const char* name, const char* inSight, const Make& make) {
+            QTest::newRow(name) << QString::fromLatin1(inSight) << make;
+        };
+        // clang-format off
+        row("main", "lvwThisIcons lblOughtMoney", Make());
+        row("checkout", "OKButton txtExpenseMoney txtOughtMoney txtFactPay txtTemp",
+            dialog<frmCloseHouse>([](auto* d, auto& b) { d->prepare(b, false); return true; }));
+        row("deferred bills", "OKButton txtjzrInfo",
+            ready<frmCloseHouse>([](auto* d) { d->prepare({}, true); }));
+        row("order entry", "cmdAdd txtInput lblThisSum",
+            dialog<frmExpenseDetail>([](auto* d, auto& b) { d->Init(b); return true; }));
+        row("retail sale", "OKButton cmdAdd txtInput txtOughtMoney txtFactPay txtTemp",
+            ready<frmOutSale>([](auto* d) { d->Init(); }));
+        row("open", "OKButton", dialog<frmOpenHouse>([](auto* d, auto&) { return d->prepare(u"r2"_s); }));
+        row("change", "OKButton", dialog<frmHouseChange>([](auto* d, auto& b) { return d->prepare(b); }));
+        row("merge", "OKButton", ready<frmExpenseAmalgamate>([](auto* d) { d->prepare(); }));
+        row("top-up", "OKButton", ready<frmChongzhi>([](auto* d) { d->prepare(u"M1"_s); }));
+        row("member", "OKButton", ready<frmMember>([](auto* d) { d->startAdd(); }));
+        row("members", "cmdClose", ready<frmMemberList>([](auto* d) { d->prepare(false); }));
+        // The manager's windows as well.
+        row("options", "cmdClose", ready<frmOption>());
+        row("tariff", "cmdOK", ready<frmPayLevel>([](auto* d) { d->prepare(StandardTariff); }));
+        row("goods", "cmdOK", ready<frmWare>([](auto* d) { d->startAdd(); }));
+        row("employee", "cmdOK", ready<frmEmployee>([](auto* d) { d->startAdd(); }));
+        row("reservations", "cmdClose", ready<frmReservation>([](auto* d) { d->LoadReservation(); }));
+        row("reservation", "OKButton",
+            ready<frmEditReservation>([](auto* d) { d->prepare(ReservationMode::Add, u"r2"_s, {}, true); }));
+        row("suppliers", "cmdExit", ready<frmSupplierList>([](auto* d) { d->prepare(false); }));
+        row("supplier", "OKButton", dialog<frmSupplier>([](auto* d, auto&) { return d->prepare({}); }));
+        row("stock", "OKButton", ready<frmWarehouseNum>([](auto* d) { d->LoadData(); }));
+        row("receipt", "OKButton cmdWareOut", ready<frmWareIn>([](auto* d) { d->prepare(); }));
+        row("adjustment", "OKButton", ready<frmWareLoss>([](auto* d) { d->prepare(); }));
+        row("receipts", "cmdClose cmdFind", ready<frmWareInList>([](auto* d) { d->prepare(0); }));
+        row("reconciliation", "OKButton", ready<frmCheckForm>([](auto* d) { d->LoadData(); }));
+        row("hand-overs", "cmdClose cmdFind", ready<frmShouyinInfo>());
+        row("bill query", "cmdFind cmdFindPrintOK cmdClose lblSumMoney lblSumFreePay", ready<frmFind>());
+        row("income", "cmdFind cmdClose lblThisSumIncome lblSumIncome", ready<frmFindIncome>());
+        row("ranking", "cmdFind cmdClose txtSumOughtMoney txtSumTiChengMoney", ready<frmBusReorder>());
+        row("chart", "cmdFind cmdClose C1Tab1", ready<frmChart>());
+        row("data management", "cmdClose cmdBackup cmdResume cmdClearAllData", ready<frmSetup>());
+        row("upgrade", "cmdCancel cmdUpdate cmdSQL Command1", ready<frmUpdate>());
+        row("goods import", "cmdClose cmdShowData cmdDo", ready<frmDataImport>());
+        // clang-format on
+    }
+    void windows_fit() {
+        auto [inSight, make] = fetch<QString, Make>("inSight", "make");
+        NEW_VENUE(v);
+        const QString bill = addVenue();
+        frmMain main;
+        std::unique_ptr<QWidget> w;
+        if (!make) {
+            main.Init();
+            main.showMaximized();
+        } else {
+            main.resize(600, 400);
+            main.show();
+            w.reset(make(&main, bill));
+            QVERIFY(w);
+            w->show();
+        }
+        QWidget* shown = w ? w.get() : &main;
+        QVERIFY(QTest::qWaitForWindowExposed(shown));
+        QApplication::processEvents();
+        Msg::taken();
+
+        // A maximized window may round a scaled screen up by a pixel.
+        const QRect avail = shown->screen()->availableGeometry().adjusted(-1, -1, 1, 1);
+        QString where;
+        QDebug(&where) << shown->frameGeometry() << "on" << avail;
+        QVERIFY2(avail.contains(shown->frameGeometry()), qPrintable(where));
+        for (const QString& name : inSight.split(u' ')) {
+            auto* c = shown->findChild<QWidget*>(name);
+            QVERIFY2(c && ::inSight(c), qPrintable(name + u" out of sight"_s));
+        }
+    }
 };
-
-void TestFitScreen::windows_fit_data() {
-    QTest::addColumn<int>("window");
-    for (int i = 0; i < windows().size(); ++i)
-        QTest::newRow(windows()[i].row) << i;
-}
-
-void TestFitScreen::windows_fit() {
-    QFETCH(int, window);
-    const Window& win = windows()[window];
-    NEW_VENUE(v);
-    const QString bill = addVenue();
-    frmMain main;
-    std::unique_ptr<QWidget> w;
-    if (!win.make) {
-        main.Init();
-        main.showMaximized();
-    } else {
-        main.resize(600, 400);
-        main.show();
-        w.reset(win.make(&main, bill));
-        QVERIFY(w);
-        w->show();
-    }
-    QWidget* shown = w ? w.get() : &main;
-    QVERIFY(QTest::qWaitForWindowExposed(shown));
-    QApplication::processEvents();
-    Msg::taken();
-
-    // A maximized window may round a scaled screen up by a pixel.
-    const QRect avail = shown->screen()->availableGeometry().adjusted(-1, -1, 1, 1);
-    QString where;
-    QDebug(&where) << shown->frameGeometry() << "on" << avail;
-    QVERIFY2(avail.contains(shown->frameGeometry()), qPrintable(where));
-    for (const QString& name : QString::fromLatin1(win.inSight).split(u' ')) {
-        auto* c = shown->findChild<QWidget*>(name);
-        QVERIFY2(c && ::inSight(c), qPrintable(name + u" out of sight"_s));
-    }
-}
 
 int main(int argc, char** argv) {
     // A 1366x768 screen; the run's QT_SCALE_FACTOR makes it smaller in logical pixels.

@@ -16,7 +16,6 @@
 #include "frmSetupMember.h"
 #include "frmSupplierList.h"
 #include "frmUpdate.h"
-#include <QAbstractButton>
 
 namespace {
 const QString NoRight = u"您没有操作此项业务的权限！"_s;
@@ -34,16 +33,6 @@ void signInWithoutRights() {
 class TestRightsSweep : public QObject {
     Q_OBJECT
   private Q_SLOTS:
-    void codes_exist_and_admin_holds_them() {
-        NEW_VENUE(v);
-        for (const MenuCommand& c : MenuCommands()) {
-            if (c.right.isEmpty()) continue;
-            QVERIFY2(count(u"select count(*) from SysPuissance where SysPuissanceID=?"_s, {c.right}) == 1,
-                     qPrintable(c.right));
-            QVERIFY2(HasPuissance(BuiltInAdminID, c.right), qPrintable(c.right));
-        }
-    }
-
     void menus_refuse_without_rights() {
         NEW_VENUE(v);
         signInWithoutRights();
@@ -51,6 +40,9 @@ class TestRightsSweep : public QObject {
         messages();
         for (const MenuCommand& c : MenuCommands()) {
             if (c.right.isEmpty()) continue;
+            QVERIFY2(count(u"select count(*) from SysPuissance where SysPuissanceID=?"_s, {c.right}) == 1,
+                     qPrintable(c.right));
+            QVERIFY2(HasPuissance(BuiltInAdminID, c.right), qPrintable(c.right));
             main.runCommand(c.name);
             QCOMPARE(messages(), QStringList{NoRight});
         }
@@ -61,39 +53,25 @@ class TestRightsSweep : public QObject {
     void form_buttons_refuse_without_rights() {
         NEW_VENUE(v);
         std::map<QString, std::unique_ptr<QWidget>> forms;
-        const auto add = [&](QWidget* w) { forms[w->objectName()].reset(w); };
-        add(new frmOption);
-        add(new frmLog);
-        add(new frmOperatorList);
-        add(new frmExpenseDetail);
-        add(new frmOutSale);
-        add(new frmCloseHouse);
-        add(new frmEmployeeList);
-        add(new frmMemberList);
-        add(new frmChongzhiList);
-        add(new frmSetupMember);
-        add(new frmReservation);
-        add(new frmSupplierList);
-        add(new frmUpdate);
-        const auto button = [&](const GuardedButton& g) -> QAbstractButton* {
-            for (const auto& [name, form] : forms) {
-                QWidget* w = name == g.form ? form.get() : form->findChild<QWidget*>(g.form);
-                if (w) return w->findChild<QAbstractButton*>(g.button);
-            }
+        for (QWidget* w : std::initializer_list<QWidget*>{
+                 new frmOption, new frmLog, new frmOperatorList, new frmExpenseDetail, new frmOutSale,
+                 new frmCloseHouse, new frmEmployeeList, new frmMemberList, new frmChongzhiList,
+                 new frmSetupMember, new frmReservation, new frmSupplierList, new frmUpdate})
+            forms[w->objectName()].reset(w);
+        // The window of the entry, or the page of a window it names.
+        const auto form = [&](const GuardedButton& g) -> QWidget* {
+            for (const auto& [name, f] : forms)
+                if (QWidget* w = name == g.form ? f.get() : f->findChild<QWidget*>(g.form)) return w;
             return nullptr;
         };
-        for (const GuardedButton& g : GuardedButtons()) {
-            QObject* form = forms.count(g.form) ? forms[g.form].get() : nullptr;
-            for (const auto& [name, f] : forms)
-                if (!form) form = f->findChild<QWidget*>(g.form);
-            QVERIFY2(form && CheckButton(form, g.button), qPrintable(g.form + u'.' + g.button));
-        }
+        for (const GuardedButton& g : GuardedButtons())
+            QVERIFY2(form(g) && CheckButton(form(g), g.button), qPrintable(g.form + u'.' + g.button));
         QCOMPARE(messages(), QStringList());
 
         signInWithoutRights();
         const qint64 rows = count(u"select count(*) from s_log"_s);
         for (const GuardedButton& g : GuardedButtons()) {
-            QAbstractButton* b = button(g);
+            QAbstractButton* b = form(g)->findChild<QAbstractButton*>(g.button);
             QVERIFY2(b, qPrintable(g.form + u'.' + g.button));
             b->setEnabled(true);
             b->click();

@@ -1,6 +1,5 @@
 // Data that stays what it was: goods on lines, codes whatever their case, states and list
 // texts as the windows give them, tickets only to a printer named for them.
-#include "CheckoutService.h"
 #include "MemberService.h"
 #include "OptionPrintPage.h"
 #include "RoomService.h"
@@ -103,22 +102,16 @@ class TestKeptData : public QObject {
                              StoredValueService().search(from, to).rows, true);
         QCOMPARE(column(&topUps, u"OperatorTime"_s).join(u'|'), u"01-01 08:05|12-31 23:00"_s);
         QCOMPARE(column(&topUps, u"thismemoney"_s).join(u'|'), u"2|101"_s);
-    }
 
-    // Deferred bills by their opening time, as read, not by their hidden key.
-    void deferredBillsByOpeningTime() {
-        NEW_VENUE(v);
+        // Deferred bills by their opening time, as read, not by their hidden key.
         DB().exec(u"insert into Expense (ExpenseID, OpenTime, State, VoucherState, jzr) values "
                   "('a', '2026-11-21 20:00', 0, 2, '王'), ('b', '2026-11-20 19:00', 0, 2, '王')"_s);
         frmCloseHouse w;
         w.cmdFindjzrinfo_Click();
         QCOMPARE(keys(child<QTreeWidget>(w, "lvwPayAfter")), L({"kb", "ka"}));
-    }
 
-    // The employee list in the order of its query, by name, not by its hidden key; a state
-    // the form has no entry for is kept on save.
-    void employeesByNameAndStateKept() {
-        NEW_VENUE(v);
+        // The employee list in the order of its query, by name, not by its hidden key; a state
+        // the form has no entry for is kept on save.
         DB().exec(u"insert into Employee (EmployeeID, Employeecode, EmployeeName, State) values "
                   "('1', 'E1', '王五', 2), ('2', 'E2', '丁一', 0), ('3', 'E3', '赵六', 1)"_s);
         frmEmployeeList list;

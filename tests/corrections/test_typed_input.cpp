@@ -27,7 +27,6 @@
 #include "frmWare.h"
 #include "frmWareLevel.h"
 #include "frmWareType.h"
-#include <cmath>
 
 namespace {
 const QString TwentyNines = u"99999999999999999999"_s;
@@ -140,7 +139,7 @@ QList<Box> makeBoxes() {
     cola.wareName = u"可乐"_s;
     cola.price = u"5"_s;
     const auto line = [](const OrderLineInput& in) { return OrderService().SaveLine(in).refusal; };
-    const OrderLineInput beer{u"e1"_s, {}, u"beer"_s, u"10"_s, u"0"_s, u"1"_s, {}, false};
+    const OrderLineInput beer{u"e1"_s, {}, u"beer"_s, u"10000"_s, u"0"_s, u"1"_s, {}, false};
     const auto period = [](const WareLevelInput& in) { return WareLevelService::validate(in); };
     WareLevelInput night;
     night.name = u"夜场"_s;
@@ -225,9 +224,13 @@ class TestTypedInput : public QObject {
 
     void hostileNumbers_data() {
         columns<int, QString>("box", "value");
-        for (int i = 0; i < boxes().size(); ++i)
+        for (int i = 0; i < boxes().size(); ++i) {
             for (const QString& v : {TwentyNines, Overflow, QString(u"-"_s + TwentyNines)})
                 QTest::addRow("%s %s", boxes()[i].name, qPrintable(v)) << i << v;
+            // A quantity that fits, times the price of the line, must still be money a bill can hold.
+            if (qstrcmp(boxes()[i].name, "frmExpenseDetail.txtNum") == 0)
+                QTest::addRow("%s beyond money", boxes()[i].name) << i << u"900000000"_s;
+        }
     }
     void hostileNumbers() {
         const auto [box, value] = fetch<int, QString>("box", "value");
@@ -245,15 +248,11 @@ class TestTypedInput : public QObject {
     // Limits count characters: a rare character at the limit stays whole or goes whole.
     void lengthLimits() {
         NEW_VENUE(venue);
-        std::unique_ptr<QWidget> forms[] = {
-            std::make_unique<frmLogin>(),       std::make_unique<frmOpenHouse>(),
-            std::make_unique<frmHouseChange>(), std::make_unique<frmExpenseAmalgamate>(),
-            std::make_unique<frmHouse>(),       std::make_unique<frmHouseAddBat>(),
-            std::make_unique<frmHouseAssort>(), std::make_unique<frmWare>(),
-            std::make_unique<frmWareType>(),    std::make_unique<frmWareLevel>(),
-            std::make_unique<frmEmployee>(),    std::make_unique<frmChongzhi>(),
-            std::make_unique<frmCloseHouse>()};
-        for (const auto& form : forms) {
+        for (QWidget* made : std::initializer_list<QWidget*>{
+                 new frmLogin, new frmOpenHouse, new frmHouseChange, new frmExpenseAmalgamate, new frmHouse,
+                 new frmHouseAddBat, new frmHouseAssort, new frmWare, new frmWareType, new frmWareLevel,
+                 new frmEmployee, new frmChongzhi, new frmCloseHouse}) {
+            const std::unique_ptr<QWidget> form(made);
             int limited = 0;
             for (QLineEdit* box : form->findChildren<QLineEdit*>()) {
                 const QVariant limit = box->property("characterLimit");
@@ -270,17 +269,6 @@ class TestTypedInput : public QObject {
             }
             QVERIFY2(limited > 0, form->metaObject()->className());
         }
-    }
-
-    // A quantity that fits, times a price, must still be money a bill can hold.
-    void lineAmountBeyondMoney() {
-        NEW_VENUE(venue);
-        seed();
-        const QString before = written();
-        const auto s =
-            OrderService().SaveLine({u"e1"_s, {}, u"beer"_s, u"10000"_s, u"0"_s, u"900000000"_s, {}, false});
-        QCOMPARE(s.refusal.value_or(Refusal{}).message, u"您输入900000000数量有误，请重新输入！"_s);
-        QCOMPARE(written(), before);
     }
 
     // The batch of rooms stores what its marker box shows, the number included.
