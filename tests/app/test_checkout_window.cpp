@@ -180,10 +180,7 @@ class TestCheckoutWindow : public QObject {
             QTest::keyClick(d, Qt::Key_F4);
 
             auto* find = child<QLineEdit>(d, "txtjzrInfo");
-            type(find, u"赵"_s);
-            QTest::keyClick(find, Qt::Key_Return);
-            QCOMPARE(QString::number(list->topLevelItemCount()) + u'|' + texts(d, {"lblSumGZ"}), u"0|0.00"_s);
-            find->setText(u"王"_s);
+            type(find, u"王"_s);
             QTest::keyClick(find, Qt::Key_Return);
             QCOMPARE(focused(d), u"txtjzrInfo"_s);
             QCOMPARE(QString::number(list->topLevelItemCount()) + u'|' + texts(d, {"lblSumGZ"}),
