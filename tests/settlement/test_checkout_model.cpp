@@ -190,7 +190,6 @@ class TestCheckoutModel : public QObject {
         QTest::addColumn<QList<double>>("expected");
         // Settlement 100 (receivable 120), goods cost 25.
         QTest::newRow("cash with change") << 0 << "150" << "0" << "0" << QList<double>{100, 100, 75, 0, 100};
-        QTest::newRow("stored value and cash") << 0 << "100" << "30" << "0" << QList<double>{100, 70, 75, 30, 100};
         QTest::newRow("voucher") << 0 << "100" << "0" << "20" << QList<double>{100, 80, 55, 0, 100};
         QTest::newRow("free") << 1 << "100" << "30" << "20" << QList<double>{0, 0, -25, 0, 0};
         QTest::newRow("deferred") << 2 << "100" << "30" << "20" << QList<double>{0, 0, 75, 0, 0}; // clang-format on
