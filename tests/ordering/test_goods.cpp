@@ -57,7 +57,6 @@ class TestGoods : public QObject {
         QTest::newRow("nothing after 24") << "10" << true << "0-24@0.5,18-24@0.8" << false << 1.0f << 20 << "5.00";
         QTest::newRow("end 0 never holds") << "10" << true << "0-0@0.5" << false << 1.0f << 0 << "10.00";
         QTest::newRow("overlap: lowest wins") << "10" << true << "0-24@0.9,0-24@0.5" << false << 1.0f << 3 << "9.00";
-        QTest::newRow("outside every period") << "10" << true << "0-6@0.5" << false << 1.0f << 10 << "10.00";
         QTest::newRow("factor above 1") << "10" << true << "0-24@1.5" << false << 1.0f << 10 << "15.00";
         QTest::newRow("no period row") << "10" << true << "none" << false << 1.0f << 10 << "";
         QTest::newRow("venue rate ignores the flag") << "10" << false << evening << true << 0.9f << 10 << "9.00";

@@ -149,24 +149,6 @@ class TestCheckout : public QObject {
         QCOMPARE(m.money(u"sumValue"_s), paid ? yuan(1000) + settled : yuan(1000));
         QCOMPARE(m.money(u"chongzhi"_s), paid ? yuan(170) : yuan(200));
     }
-    void points_round_half_to_even_data() { // clang-format off
-        columns<QString, double>("cash", "points");
-        QTest::newRow("9.5 gives 10") << "95" << 10.0;
-        QTest::newRow("8.5 gives 8") << "85" << 8.0;
-        QTest::newRow("no 16-bit limit") << "400000" << 40000.0; // clang-format on
-    }
-    void points_round_half_to_even() {
-        QFETCH(QString, cash);
-        NEW_VENUE(v);
-        addVenue();
-        DB().exec(u"update MemberSetup set discount=1"_s);
-        DB().exec(u"update Member set MemberValue=0"_s);
-        openBill(u"e1"_s, u"r1"_s, {});
-        CheckoutInput in = input(u"e1"_s, CloseMode::Paid, u"M1"_s, u"0"_s, u"999999"_s);
-        in.amounts.sumPay = Money::fromText(cash);
-        QVERIFY(CheckoutService().close(in).saved);
-        QTEST(DB().scalar(u"select MemberValue from Member"_s).toDouble(), "points");
-    }
     void card_fields_kept_without_stored_value() {
         NEW_VENUE(v);
         addVenue();
