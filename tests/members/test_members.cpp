@@ -62,10 +62,8 @@ class TestMembers : public QObject {
     void search_data() { // clang-format off
         columns<QString, QString, QStringList>("name", "code", "found");
         QTest::newRow("blank boxes count as empty: all") << "  " << " " << L({"A'1", "B2", "b3", "C%4"});
-        QTest::newRow("part of the code, any case") << "" << "b" << L({"B2", "b3"});
         QTest::newRow("the boxes are trimmed") << "" << " B2 " << L({"B2"});
         QTest::newRow("both boxes must match") << "李" << "3" << L({"b3"});
-        QTest::newRow("no match") << "李" << "A" << QStringList();
         QTest::newRow("a member without class is found") << "王" << "" << L({"C%4"}); // clang-format on
     }
     void search() {
