@@ -127,7 +127,6 @@ class TestOrderEntry : public QObject {
         QTest::newRow("stock not managed") << false << "2" << false << "0" << "" << 10.0 << 10.0 << true;
         QTest::newRow("printed, protection off") << true << "2" << false << "0" << printed << 8.0 << 10.0 << true;
         QTest::newRow("printed, protection on") << true << "2" << false << "1" << printed << 8.0 << 8.0 << false;
-        QTest::newRow("protection on, not printed") << true << "2" << false << "1" << "" << 8.0 << 10.0 << true;
         QTest::newRow("protection on, another mark") << true << "2" << false << "1" << "update Expense set Other2='2'" << 8.0 << 10.0 << true;
         QTest::newRow("only the text 1 protects") << true << "2" << false << "1.0" << printed << 8.0 << 10.0 << true;
         QTest::newRow("settled elsewhere") << true << "2" << false << "0" << "update Expense set State=0" << 8.0 << 8.0 << false; // clang-format on
