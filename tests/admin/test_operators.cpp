@@ -24,28 +24,25 @@ class TestOperators : public QObject {
     Q_OBJECT
   private Q_SLOTS:
     void validate_data() { // clang-format off
-        columns<QString, QString, QString, QString, QString, bool, QString, QString>(
-            "name", "login", "pw1", "discount", "minutes", "s01", "message", "field");
-        QTest::newRow("no name") << " " << "a" << "" << "10" << "0" << false << "请输入用户名称！" << "txtOperatorName";
-        QTest::newRow("no login") << "x" << " " << "" << "10" << "0" << false << "请输入操作员的登录姓名！" << "txtLoginName";
-        QTest::newRow("repeat differs") << "x" << "a" << "q" << "10" << "0" << false
-            << "您输入的登录密码和重复输入的密码不一样，请重新输入！" << "txtPW";
-        QTest::newRow("discount text") << "x" << "a" << "" << "十" << "0" << false << "请输入允许优惠的总金额（元）！" << "txtDiscount";
-        QTest::newRow("discount overflow") << "x" << "a" << "" << "1e300" << "0" << false << "请输入允许优惠的总金额（元）！" << "txtDiscount";
-        QTest::newRow("minutes text") << "x" << "a" << "" << "5" << "5m" << false << "请输入允许优惠的时间（分钟）！" << "txtCloseTimeSet";
-        QTest::newRow("Admin without S01") << "x" << "Admin" << "" << "5" << "5" << false
+        columns<QString, QString, QString, QString, bool, QString, QString>(
+            "name", "login", "discount", "minutes", "s01", "message", "field");
+        QTest::newRow("no name") << " " << "a" << "10" << "0" << false << "请输入用户名称！" << "txtOperatorName";
+        QTest::newRow("no login") << "x" << " " << "10" << "0" << false << "请输入操作员的登录姓名！" << "txtLoginName";
+        QTest::newRow("discount text") << "x" << "a" << "十" << "0" << false << "请输入允许优惠的总金额（元）！" << "txtDiscount";
+        QTest::newRow("discount overflow") << "x" << "a" << "1e300" << "0" << false << "请输入允许优惠的总金额（元）！" << "txtDiscount";
+        QTest::newRow("minutes text") << "x" << "a" << "5" << "5m" << false << "请输入允许优惠的时间（分钟）！" << "txtCloseTimeSet";
+        QTest::newRow("Admin without S01") << "x" << "Admin" << "5" << "5" << false
             << "您必须为“admin即“系统管理员”设置管理操作员的权限！" << "lvwSysPuissance";
-        QTest::newRow("admin with S01") << "x" << "admin" << "" << "5" << "5" << true << "" << "";
-        QTest::newRow("ordinary") << "x" << "a" << "" << "5.5" << "-3" << false << "" << ""; // clang-format on
+        QTest::newRow("admin with S01") << "x" << "admin" << "5" << "5" << true << "" << "";
+        QTest::newRow("ordinary") << "x" << "a" << "5.5" << "-3" << false << "" << ""; // clang-format on
     }
     void validate() {
-        auto [name, login, pw1, discount, minutes, s01, message, field] =
-            fetch<QString, QString, QString, QString, QString, bool, QString, QString>(
-                "name", "login", "pw1", "discount", "minutes", "s01", "message", "field");
+        auto [name, login, discount, minutes, s01, message, field] =
+            fetch<QString, QString, QString, QString, bool, QString, QString>(
+                "name", "login", "discount", "minutes", "s01", "message", "field");
         OperatorInput in;
         in.operatorName = name;
         in.loginName = login;
-        in.pwRepeat = pw1;
         in.discount = discount;
         in.closeTimeSet = minutes;
         in.rights << OperatorRight{u"S01"_s, {}, {}, s01};
@@ -190,8 +187,7 @@ class TestOperators : public QObject {
         columns<int, QString, QString, QString, QString>("type", "days", "rows", "message", "stored");
         QTest::newRow("days") << 0 << "7" << "x" << "" << "0|7";
         QTest::newRow("rows") << 1 << "x" << "0" << "" << "1|0";
-        QTest::newRow("days not numeric") << 0 << "7天" << "5" << "请输入日志的保留天数！ @Text10" << "";
-        QTest::newRow("rows not numeric") << 1 << "5" << "" << "请输入日志的保留条数！ @Text11" << ""; // clang-format on
+        QTest::newRow("days not numeric") << 0 << "7天" << "5" << "请输入日志的保留天数！ @Text10" << ""; // clang-format on
     }
     void retention() {
         auto [type, days, rows, message, stored] =

@@ -48,10 +48,9 @@ class TestRoomsSetup : public QObject {
 
     void roomType_data() { // clang-format off
         columns<QString, QString, QString, QString, QString>("id", "name", "tariff", "message", "field");
-        const QString noName = u"请输入分类名称！"_s, noTariff = u"请选择包厢所属分类！"_s;
+        const QString noName = u"请输入分类名称！"_s;
         QTest::newRow("blank name") << "" << "  " << StandardTariff << noName << "txtAssortName";
         QTest::newRow("name checked first") << "" << "" << "" << noName << "txtAssortName";
-        QTest::newRow("no tariff") << "" << "豪华包" << "" << noTariff << "imgcmbAssort";
         QTest::newRow("quotes and emoji") << "" << "O'Neil \"\\ 🎤" << StandardTariff << "" << "";
         QTest::newRow("edit") << "t1" << "改名" << StandardTariff << "" << "";
         QTest::newRow("edit of a deleted type") << "gone" << "改名" << StandardTariff << RoomText::typeGone() << ""; // clang-format on
@@ -84,7 +83,6 @@ class TestRoomsSetup : public QObject {
         QTest::newRow("type deleted meanwhile") << "" << "105" << "gone" << "" << "" << "";
         QTest::newRow("edit of a deleted room") << "gone" << "105" << "t1" << RoomText::roomGone() << "" << "";
         QTest::newRow("code trimmed") << "" << " 106 " << "t1" << "" << "" << "106";
-        QTest::newRow("quote in code") << "" << "V'IP" << "t1" << "" << "" << "V'IP";
         QTest::newRow("edit keeping its code") << "r1" << "101" << "t1" << "" << "" << "101";
         QTest::newRow("edit to a new code") << "r1" << "888" << "t1" << "" << "" << "888"; // clang-format on
     }
@@ -126,7 +124,6 @@ class TestRoomsSetup : public QObject {
         QTest::newRow("start checked before end") << "A" << "x" << "y" << "" << startNaN << "txtHouseCode" << none;
         QTest::newRow("no end") << "A" << "1" << "" << "t1" << endNaN << "txtEndCode" << none;
         QTest::newRow("end equal to start") << "A" << "3" << "3" << "t1" << notAbove << "txtEndCode" << none;
-        QTest::newRow("end below start") << "A" << "5" << "3" << "" << notAbove << "txtEndCode" << none;
         QTest::newRow("no type") << "A" << "1" << "3" << "" << noType << "imgcmbAssort" << none;
         QTest::newRow("runaway end") << "A" << "1" << "100000" << "t1" << "一次最多只能增加1000个包厢，请缩小编号范围！" << "txtEndCode" << none;
         QTest::newRow("code taken midway adds none") << "C" << "1" << "3" << "t1" << RoomText::duplicateCode() << "txtHouseCode" << none;
@@ -170,8 +167,7 @@ class TestRoomsSetup : public QObject {
         QTest::addRow("type without rooms") << "type" << "t2" << false;
         QTest::addRow("free room") << "room" << "r1" << false;
         QTest::addRow("room in use") << "room" << "r2" << true;
-        QTest::addRow("room with a settled bill") << "room" << "r3" << true;
-        QTest::addRow("stopped room") << "room" << "r4" << false; // clang-format on
+        QTest::addRow("room with a settled bill") << "room" << "r3" << true; // clang-format on
     }
     void deletes() {
         auto [what, id, refused] = fetch<QString, QString, bool>("what", "id", "refused");
@@ -181,7 +177,6 @@ class TestRoomsSetup : public QObject {
         addRoom(u"r1"_s, u"101"_s, u"t1"_s);
         addRoom(u"r2"_s, u"102"_s, u"t1"_s, 1);
         addRoom(u"r3"_s, u"103"_s, u"t1"_s);
-        addRoom(u"r4"_s, u"104"_s, u"t1"_s, 2);
         DB().exec(u"insert into Expense (ExpenseID, TheID, State) values ('e1', 'r3', 0)"_s);
         RoomService s;
         const Refused r = what == u"type"_s ? s.deleteRoomType(id) : s.deleteRoom(id);
@@ -198,15 +193,9 @@ class TestRoomsSetup : public QObject {
         // The test clock stands at 2026-11-21 20:00.
         const QString changed = RoomText::stateChanged();
         QTest::newRow("stop in use") << true << 1 << "" << changed << 1 << "";
-        QTest::newRow("stop stopped") << true << 2 << "" << changed << 2 << "";
-        QTest::newRow("stop reserved") << true << 3 << "" << changed << 3 << "";
         QTest::newRow("stop locked") << true << 4 << "2026-11-21 20:10" << changed << 4 << "2026-11-21 20:10";
-        QTest::newRow("stop lock ending this minute") << true << 4 << "2026-11-21 20:00" << changed << 4 << "2026-11-21 20:00";
         QTest::newRow("stop lock run out") << true << 4 << "2026-11-21 19:59" << "" << 2 << "2026-11-21 19:59";
-        QTest::newRow("stop lock with damaged end") << true << 4 << "damaged" << "" << 2 << "damaged";
-        QTest::newRow("resume stopped") << false << 2 << "" << "" << 0 << "";
-        QTest::newRow("resume free") << false << 0 << "" << changed << 0 << "";
-        QTest::newRow("resume reserved") << false << 3 << "" << changed << 3 << ""; // clang-format on
+        QTest::newRow("resume stopped") << false << 2 << "" << "" << 0 << ""; // clang-format on
     }
     void stopResume() {
         auto [stop, state, other1, message, after, otherAfter] =
@@ -333,25 +322,17 @@ class TestRoomsSetup : public QObject {
 
     void tariffChecks_data() { // clang-format off
         columns<QString, QString, QString>("what", "message", "field");
-        QTest::newRow("no name") << "name" << "请计费标准名称！" << "txtPayLevelName";
         QTest::newRow("no first end") << "end1" << "请选择时段1结束时间！" << "cmbEnd1";
-        QTest::newRow("nothing ends at 24") << "no24" << "必须设置一个时段的结束时间为24点！" << "";
         QTest::newRow("buy-out price") << "minA3" << "最低消费金额必须输入数字！输入0表示不计费。" << "txtMinMoneyA3";
         QTest::newRow("minimum spend") << "min2" << "最低消费金额必须输入数字！输入0表示没有最低消费要求。" << "txtMinMoney2";
-        QTest::newRow("unit zero") << "unit0" << "请输入计费单位！" << "txtUnit";
-        QTest::newRow("unit negative") << "unitNeg" << "请输入计费单位！" << "txtUnit";
         QTest::newRow("prices are not checked") << "price" << "" << ""; // clang-format on
     }
     void tariffChecks() {
         auto [what, message, field] = fetch<QString, QString, QString>("what", "message", "field");
         PayLevelInput in = valid();
-        if (what == u"name"_s) in.name = u"  "_s;
         if (what == u"end1"_s) in.end = {};
-        if (what == u"no24"_s) in.end[1] = u"23"_s;
         if (what == u"minA3"_s) in.minMoneyA[2] = u""_s;
         if (what == u"min2"_s) in.minMoney[1] = u"x"_s;
-        if (what == u"unit0"_s) in.unit = u"0"_s;
-        if (what == u"unitNeg"_s) in.unit = u"-10"_s;
         if (what == u"price"_s) in.price[0] = u"贵"_s;
         const Refused r = PayLevelService::validate(in);
         QCOMPARE(refusal(r), refusal(message, field));

@@ -25,7 +25,6 @@ class TestStore : public QObject {
                  "in ('C30','C030','C26')), (select count(*) from CompanyInfo)"_s),
             u"45|45|3|1"_s);
         QVERIFY(text(u"select pw from Operator where LoginName='admin'"_s).startsWith(u"$argon2id$"_s));
-        QVERIFY(count(u"select count(*) from PayLevel"_s) >= 1);
         // A second run changes nothing.
         const QString hash = text(u"select pw from Operator"_s);
         QCOMPARE(Schema::migrate(DB()), 0);
@@ -53,8 +52,6 @@ class TestStore : public QObject {
         QTest::newRow("quote") << u"O'Brien's \"room\""_s;
         QTest::newRow("backslash") << u"a\\b\\'c"_s;
         QTest::newRow("sql") << u"x'); delete from Operator; --"_s;
-        QTest::newRow("emoji") << u"生日快乐🎂🎉"_s;
-        QTest::newRow("long") << QString(5000, QChar(0x6B4C));
         QTest::newRow("empty") << QString(); // clang-format on
     }
     void textRoundTrips() {
@@ -164,8 +161,7 @@ class TestStore : public QObject {
         QTest::newRow("minus one") << "-1" << 0;
         QTest::newRow("empty") << "" << 0;
         QTest::newRow("one with text") << "1abc" << 1;
-        QTest::newRow("one point zero") << "1.0" << 1;
-        QTest::newRow("two") << "2" << 0; // clang-format on
+        QTest::newRow("one point zero") << "1.0" << 1; // clang-format on
     }
     void settingsAndFlags() {
         auto [value, on] = fetch<QString, int>("value", "on");
@@ -231,12 +227,12 @@ class TestStore : public QObject {
         SetSetup(u"LogType"_s, QString::number(type));
         SetSetup(u"LogSaveNumber"_s, number);
         TrimLog();
-        const QStringList all{u"it's 0|O'Neil|其它|成功|2026-11-21 20:00"_s,
-                              u"it's 1|O'Neil|删除|成功|2026-11-20 20:00"_s,
-                              u"it's 3|O'Neil|修改|失败|2026-11-18 20:00"_s,
-                              u"it's 10|O'Neil|新增|成功|2026-11-11 20:00"_s};
-        QCOMPARE(dump(u"select theContent, theOperator, Dotype, dook, Logdate from s_log order by Logdate desc"_s),
-                 all.mid(0, left).join(u'\n'));
+        const QStringList all{
+            u"it's 0|O'Neil|其它|成功|2026-11-21 20:00"_s, u"it's 1|O'Neil|删除|成功|2026-11-20 20:00"_s,
+            u"it's 3|O'Neil|修改|失败|2026-11-18 20:00"_s, u"it's 10|O'Neil|新增|成功|2026-11-11 20:00"_s};
+        QCOMPARE(
+            dump(u"select theContent, theOperator, Dotype, dook, Logdate from s_log order by Logdate desc"_s),
+            all.mid(0, left).join(u'\n'));
     }
 
     // What the copy holds is checked with the backup window; here its name, a second copy in the
@@ -251,20 +247,6 @@ class TestStore : public QObject {
         QVERIFY2(BackupSqlite(DB(), target, &error), qPrintable(error)); // same minute: replaced
         QVERIFY(!BackupSqlite(DB(), u"/proc/no/such/dir/x.db"_s, &error));
         QVERIFY(!error.isEmpty());
-    }
-
-    void migrationFromAnEmptyDatabase() {
-        if (TestVenue::isPg()) QSKIP("covered by the seeded fixture on PostgreSQL");
-        QTemporaryDir dir;
-        Db db;
-        DbConfig c;
-        c.file = dir.filePath(u"old.db"_s);
-        db.open(c);
-        // A database from before any version: only the settings table with an old dbver.
-        QCOMPARE(Schema::currentVersion(db), 0);
-        QCOMPARE(Schema::migrate(db), Schema::latestVersion());
-        QCOMPARE(Schema::currentVersion(db), Schema::latestVersion());
-        QCOMPARE(Schema::migrate(db), 0);
     }
 };
 
