@@ -34,7 +34,17 @@ void setNow(const QDateTime& t) {
 
 class TestRoomUse : public QObject {
     Q_OBJECT
+    std::unique_ptr<TestVenue> m_venue;
+
   private Q_SLOTS:
+    // Each test starts on a fresh venue with the room types 小包 (standard tariff) and 豪华包.
+    void init() {
+        m_venue = std::make_unique<TestVenue>();
+        OPEN_VENUE(*m_venue);
+        addDearType();
+        addRoomType(u"a"_s, u"小包"_s);
+    }
+    void cleanup() { m_venue.reset(); }
     // Guests and door money are checked first; then the room as stored, a lock that ran out
     // counting as free. A refused opening writes nothing, and a reservation stays as it was.
     void open_refusals_data() { // clang-format off
@@ -52,8 +62,6 @@ class TestRoomUse : public QObject {
         auto [num, startMoney, state, other1, message, field] =
             fetch<QString, QString, int, QString, QString, QString>("num", "startMoney", "state", "other1",
                                                                     "message", "field");
-        NEW_VENUE(v);
-        addRoomType(u"a"_s, u"小包"_s);
         addRoom(u"r1"_s, u"101"_s, u"a"_s, state, other1);
         DB().exec(u"insert into Reservation (ReservationID, HouseID, state) values ('res', 'r1', 0)"_s);
         OpenHouseInput in = input(u"r1"_s);
@@ -66,8 +74,6 @@ class TestRoomUse : public QObject {
         QCOMPARE(count(u"select count(*) from Reservation where ReservationID='res' and state=0"_s), 1);
     }
     void open_writes_the_bill_and_the_room() {
-        NEW_VENUE(v);
-        addRoomType(u"a"_s, u"小包"_s);
         addRoom(u"r1"_s, u"101"_s, u"a"_s);
         // Seconds are cut: the stay starts on the minute.
         setNow(QDateTime(QDate(2026, 11, 21), QTime(21, 7, 59)));
@@ -102,8 +108,6 @@ class TestRoomUse : public QObject {
     void refusals() {
         auto [merge, from, to, message, field] =
             fetch<bool, QString, QString, QString, QString>("merge", "from", "to", "message", "field");
-        NEW_VENUE(v);
-        addRoomType(u"a"_s, u"小包"_s);
         addRoom(u"r1"_s, u"101"_s, u"a"_s);
         addRoom(u"r2"_s, u"102"_s, u"a"_s);
         addRoom(u"r3"_s, u"103"_s, u"a"_s);
@@ -124,9 +128,6 @@ class TestRoomUse : public QObject {
         QCOMPARE(count(u"select count(*) from s_log where theDoName='更换包厢'"_s), 0);
     }
     void change_moves_the_bill() {
-        NEW_VENUE(v);
-        addDearType();
-        addRoomType(u"a"_s, u"小包"_s);
         addRoom(u"r1"_s, u"101"_s, u"a"_s);
         addRoom(u"r2"_s, u"V01"_s, u"b"_s);
         setNow(QDateTime(QDate(2026, 11, 21), QTime(18, 0)));
@@ -159,8 +160,6 @@ class TestRoomUse : public QObject {
         QCOMPARE(room(u"r5"_s), u"1|"_s + bill);
     }
     void merge_folds_lines_into_the_target() {
-        NEW_VENUE(v);
-        addRoomType(u"a"_s, u"小包"_s);
         addRoom(u"r1"_s, u"101"_s, u"a"_s);
         addRoom(u"r2"_s, u"102"_s, u"a"_s);
         setNow(QDateTime(QDate(2026, 11, 21), QTime(18, 0)));
@@ -196,10 +195,7 @@ class TestRoomUse : public QObject {
     }
     void isHigh2Low() {
         auto [code, oldPrice, result] = fetch<QString, double, bool>("code", "oldPrice", "result");
-        NEW_VENUE(v);
-        addDearType();
         DB().exec(u"update PayLevel set payType=1 where PayLevelID=?"_s, {StandardTariff});
-        addRoomType(u"a"_s, u"小包"_s);
         addRoom(u"r1"_s, u"101"_s, u"a"_s);
         addRoom(u"r2"_s, u"V01"_s, u"b"_s);
         QCOMPARE(RoomUseService().isHigh2Low(code, Money::fromDouble(oldPrice)), result);
@@ -207,8 +203,6 @@ class TestRoomUse : public QObject {
     // The board's panel: the names and texts of the bill, its voided lines left out; a free
     // room shows its name only.
     void board_panel() {
-        NEW_VENUE(v);
-        addDearType();
         addRoom(u"r1"_s, u"V01"_s, u"b"_s);
         addRoom(u"r3"_s, u"V03"_s, u"b"_s);
         setNow(QDateTime(QDate(2026, 11, 21), QTime(17, 58, 40)));

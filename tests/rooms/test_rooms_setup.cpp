@@ -43,7 +43,16 @@ PayLevelInput valid() {
 
 class TestRoomsSetup : public QObject {
     Q_OBJECT
+    std::unique_ptr<TestVenue> m_venue;
+
   private Q_SLOTS:
+    // Each test starts on a fresh venue with the room type 小包.
+    void init() {
+        m_venue = std::make_unique<TestVenue>();
+        OPEN_VENUE(*m_venue);
+        addRoomType(u"t1"_s, u"小包"_s);
+    }
+    void cleanup() { m_venue.reset(); }
     // ---- services
 
     void roomType_data() { // clang-format off
@@ -58,8 +67,6 @@ class TestRoomsSetup : public QObject {
     void roomType() {
         auto [id, name, tariff, message, field] =
             fetch<QString, QString, QString, QString, QString>("id", "name", "tariff", "message", "field");
-        NEW_VENUE(v);
-        addRoomType(u"t1"_s, u"小包"_s);
         const Saved s = RoomService().saveRoomType({id, name, tariff});
         const int types = count(u"select count(*) from TheAssort"_s);
         QCOMPARE(refusal(s.refusal), refusal(message, field));
@@ -90,8 +97,6 @@ class TestRoomsSetup : public QObject {
         auto [id, code, type, message, field, stored] =
             fetch<QString, QString, QString, QString, QString, QString>("id", "code", "type", "message",
                                                                         "field", "stored");
-        NEW_VENUE(v);
-        addRoomType(u"t1"_s, u"小包"_s);
         addRoom(u"r1"_s, u"101"_s, u"t1"_s);
         addRoom(u"r2"_s, u"102"_s, u"t1"_s);
         const Saved s = RoomService().saveRoom({id, code, type, u"靠窗"_s});
@@ -136,8 +141,6 @@ class TestRoomsSetup : public QObject {
         auto [marker, start, end, type, message, field, added] =
             fetch<QString, QString, QString, QString, QString, QString, QStringList>(
                 "marker", "start", "end", "type", "message", "field", "added");
-        NEW_VENUE(v);
-        addRoomType(u"t1"_s, u"小包"_s);
         addRoom(u"r1"_s, u"C2"_s, u"t1"_s);
         const BatchAdded b = RoomService().addRooms({marker, start, end, type, u"新装修"_s});
         QCOMPARE(codes(), sorted(QStringList{u"C2"_s} + added));
@@ -151,8 +154,6 @@ class TestRoomsSetup : public QObject {
 
     // More keys than one second of NewID gives: the fixed test clock never moves on.
     void batchBeyondOneSecondOfKeys() {
-        NEW_VENUE(v);
-        addRoomType(u"t1"_s, u"小包"_s);
         const BatchAdded b = RoomService().addRooms({u"K"_s, u"1"_s, u"250"_s, u"t1"_s, {}});
         QVERIFY(b.ok());
         QCOMPARE(b.added, 250);
@@ -171,8 +172,6 @@ class TestRoomsSetup : public QObject {
     }
     void deletes() {
         auto [what, id, refused] = fetch<QString, QString, bool>("what", "id", "refused");
-        NEW_VENUE(v);
-        addRoomType(u"t1"_s, u"小包"_s);
         addRoomType(u"t2"_s, u"大包"_s);
         addRoom(u"r1"_s, u"101"_s, u"t1"_s);
         addRoom(u"r2"_s, u"102"_s, u"t1"_s, 1);
@@ -201,8 +200,6 @@ class TestRoomsSetup : public QObject {
         auto [stop, state, other1, message, after, otherAfter] =
             fetch<bool, int, QString, QString, int, QString>("stop", "state", "other1", "message", "after",
                                                              "otherAfter");
-        NEW_VENUE(v);
-        addRoomType(u"t1"_s, u"小包"_s);
         addRoom(u"r1"_s, u"101"_s, u"t1"_s, state, other1);
         RoomService s;
         const Refused r = stop ? s.HouseStop(u"r1"_s) : s.HouseResume(u"r1"_s);
@@ -216,7 +213,6 @@ class TestRoomsSetup : public QObject {
     // ---- dialogs
 
     void roomTypeDialog() {
-        NEW_VENUE(v);
         DB().exec(u"insert into PayLevel (PayLevelID, PayLevelName) values ('p2', '夜场计费')"_s);
         frmHouseAssort dlg;
         dlg.startAdd();
@@ -234,7 +230,8 @@ class TestRoomsSetup : public QObject {
         pick(tariff, u"p2"_s);
         dlg.cmdOK_Click();
         QVERIFY(messages().isEmpty() && dlg.saved() && dlg.result() == QDialog::Accepted);
-        QCOMPARE(dump(u"select AssortName, PayLevelID from TheAssort"_s), u"豪华包|p2"_s);
+        QCOMPARE(dump(u"select AssortName, PayLevelID from TheAssort where AssortID=?"_s, {dlg.savedID()}),
+                 u"豪华包|p2"_s);
 
         frmHouseAssort edit;
         QVERIFY(edit.startEdit(dlg.savedID()));
@@ -243,7 +240,8 @@ class TestRoomsSetup : public QObject {
                  u"豪华包p2"_s);
         child<QLineEdit>(edit, "txtAssortName")->setText(u"VIP"_s);
         edit.cmdOK_Click();
-        QCOMPARE(dump(u"select AssortName, PayLevelID from TheAssort"_s), u"VIP|p2"_s);
+        QCOMPARE(dump(u"select AssortName, PayLevelID from TheAssort where AssortID=?"_s, {dlg.savedID()}),
+                 u"VIP|p2"_s);
 
         frmHouseAssort missing;
         QVERIFY(!missing.startEdit(u"gone"_s));
@@ -257,8 +255,6 @@ class TestRoomsSetup : public QObject {
     }
     void roomDialogAddsOneAfterAnother() {
         QFETCH(bool, clear);
-        NEW_VENUE(v);
-        addRoomType(u"t1"_s, u"小包"_s);
         addRoomType(u"t2"_s, u"大包"_s);
         frmHouse dlg;
         dlg.startAdd();
@@ -293,8 +289,6 @@ class TestRoomsSetup : public QObject {
     }
 
     void batchDialog() {
-        NEW_VENUE(v);
-        addRoomType(u"t1"_s, u"小包"_s);
         frmHouseAddBat dlg;
         dlg.startAdd();
         showActive(dlg);
@@ -339,7 +333,6 @@ class TestRoomsSetup : public QObject {
     }
 
     void tariffSaveLoadAndRowText() {
-        NEW_VENUE(v);
         PayLevelInput in = valid();
         in.name = u"O'Hara 夜场"_s;
         in.price[0] = u"88.5"_s;
@@ -367,7 +360,6 @@ class TestRoomsSetup : public QObject {
     }
 
     void tariffDeleteInUse() {
-        NEW_VENUE(v);
         const QString used = PayLevelService::save(QString(), valid());
         const QString open = PayLevelService::save(QString(), valid());
         const QString spare = PayLevelService::save(QString(), valid());
@@ -386,7 +378,6 @@ class TestRoomsSetup : public QObject {
     }
 
     void tariffDialog() {
-        NEW_VENUE(v);
         frmPayLevel dlg;
         dlg.prepare(QString());
         dlg.show();

@@ -14,9 +14,16 @@ void setNow(const QDateTime& t) {
 
 class TestStore : public QObject {
     Q_OBJECT
+    std::unique_ptr<TestVenue> m_venue;
+
   private Q_SLOTS:
+    // Each test starts on a fresh, seeded venue.
+    void init() {
+        m_venue = std::make_unique<TestVenue>();
+        OPEN_VENUE(*m_venue);
+    }
+    void cleanup() { m_venue.reset(); }
     void seededDatabase() {
-        NEW_VENUE(v);
         QCOMPARE(Schema::currentVersion(DB()), Schema::latestVersion());
         // The administrator holds every right, C30 and C030 as separate rows.
         QCOMPARE(
@@ -33,7 +40,6 @@ class TestStore : public QObject {
     }
 
     void nullMapping() {
-        NEW_VENUE(v);
         DB().exec(u"insert into Operator (OperatorID, LoginName) values ('x1', 'nulls')"_s);
         DB().exec(u"insert into Expense (ExpenseID, TheID, State) values ('e1', NULL, 0)"_s);
         const Row op = DB().query(u"select * from Operator where OperatorID='x1'"_s).first();
@@ -56,7 +62,6 @@ class TestStore : public QObject {
     }
     void textRoundTrips() {
         QFETCH(QString, text);
-        NEW_VENUE(v);
         DB().exec(u"insert into sys_AutoInput (autoinputID, autoInputType, thisValue) values (?,?,?)"_s,
                   {u"a1"_s, u"DetailDescription"_s, text});
         QCOMPARE(DB().query(u"select thisValue from sys_AutoInput where thisValue=?"_s, {text}).count(), 1);
@@ -67,7 +72,6 @@ class TestStore : public QObject {
     }
 
     void gatewayOperations() {
-        NEW_VENUE(v);
         ExecuteSQL(u"insert into CompanyInfo (CompanyName) values (?)"_s, {u"二店"_s});
         QCOMPARE(UpdateTable(u"CompanyInfo"_s, {{u"phone"_s, u"110"_s}}, u"CompanyName=?"_s, {u"二店"_s}), 1);
         QCOMPARE(text(u"select phone from CompanyInfo where CompanyName=?"_s, {u"二店"_s}), u"110"_s);
@@ -79,8 +83,8 @@ class TestStore : public QObject {
         QCOMPARE(DeleteByField(u"No such"_s, u"x"_s, u"p"_s), 0);
         // Binary fields: a file in and out again.
         DB().exec(u"insert into Employee (EmployeeID, EmployeeName) values ('e', '赵敏')"_s);
-        const QString in = QDir(v.home()).filePath(u"photo.bin"_s);
-        const QString out = QDir(v.home()).filePath(u"temp.db"_s);
+        const QString in = QDir(m_venue->home()).filePath(u"photo.bin"_s);
+        const QString out = QDir(m_venue->home()).filePath(u"temp.db"_s);
         QByteArray bytes;
         for (int i = 0; i < 70000; ++i)
             bytes.append(char(i * 7));
@@ -100,7 +104,6 @@ class TestStore : public QObject {
     }
 
     void rollbackOnError() {
-        NEW_VENUE(v);
         QVERIFY_THROWS_EXCEPTION(DbError, DB().write([&] {
             DB().exec(u"insert into Employee (EmployeeID, EmployeeName) values ('e1', 'a')"_s);
             DB().exec(u"insert into Employee (EmployeeID, EmployeeName) values ('e1', 'duplicate')"_s);
@@ -135,7 +138,6 @@ class TestStore : public QObject {
     }
     void nextNo() {
         auto [stored, expected] = fetch<QString, QString>("stored", "expected");
-        NEW_VENUE(v);
         setNow(QDateTime(QDate(2024, 1, 31), QTime(23, 59)));
         if (!stored.isNull()) QVERIFY(SetSetup(u"NextNo_Out"_s, stored));
         QCOMPARE(GetNextNo(u"Out"_s, u"-"_s), expected);
@@ -143,9 +145,8 @@ class TestStore : public QObject {
     }
 
     void nextNoFromTwoConnections() {
-        NEW_VENUE(v);
         Db other;
-        other.open(v.config());
+        other.open(m_venue->config());
         QSet<QString> seen;
         for (int i = 0; i < 10; ++i) {
             seen.insert(GetNextNo(u"Out"_s, u"-"_s));
@@ -165,7 +166,6 @@ class TestStore : public QObject {
     }
     void settingsAndFlags() {
         auto [value, on] = fetch<QString, int>("value", "on");
-        NEW_VENUE(v);
         QVERIFY(SetSetup(u"IsUseWareHouse"_s, value));
         QVERIFY(SetSetup(u"PrintStartBill"_s, value));
         QVERIFY(SetSetup(u"btNum"_s, u"3"_s));
@@ -184,7 +184,6 @@ class TestStore : public QObject {
     }
 
     void iniFile() {
-        TestVenue v;
         const QString path = IniPath();
         QVERIFY(SetIni(u"Remind"_s, u"第一行|第二行"_s));
         QCOMPARE(GetIni(u"REMIND"_s), u"第一行|第二行"_s);
@@ -216,7 +215,6 @@ class TestStore : public QObject {
     // The rows a log keeps, newest first, each of its own kind (add, change, delete, other).
     void writeLogAndRetention() {
         auto [type, number, left] = fetch<int, QString, int>("type", "number", "left");
-        NEW_VENUE(v);
         const QDateTime now = TestVenue::fixedNow();
         int kind = 0;
         for (int days : {10, 3, 1, 0}) {
@@ -239,8 +237,7 @@ class TestStore : public QObject {
     // same minute, and a place it cannot be written.
     void backupNameAndRefusal() {
         if (TestVenue::isPg()) QSKIP("the file backup is for the embedded database");
-        NEW_VENUE(v);
-        const QString target = DefaultBackupName(v.home());
+        const QString target = DefaultBackupName(m_venue->home());
         QCOMPARE(QFileInfo(target).fileName(), u"202611212000.db"_s);
         QString error;
         QVERIFY2(BackupSqlite(DB(), target, &error), qPrintable(error));

@@ -108,7 +108,16 @@ const QList<std::pair<const char*, Fill>>& seededLists() {
 
 class TestLists : public QObject {
     Q_OBJECT
+    std::unique_ptr<TestVenue> m_venue;
+
   private Q_SLOTS:
+    // Each test starts on a fresh venue with two members.
+    void init() {
+        m_venue = std::make_unique<TestVenue>();
+        OPEN_VENUE(*m_venue);
+        addMembers();
+    }
+    void cleanup() { m_venue.reset(); }
     void formatShowValue_data() { // clang-format off
         columns<QString, QVariant, QString>("rule", "value", "shown");
         const QString state = u"1,0可用|1停用"_s;
@@ -165,8 +174,6 @@ class TestLists : public QObject {
         auto [name, stored, keyed, heads, pixels, first, key] =
             fetch<QString, QList<ListColumnDef>, bool, QStringList, QList<int>, QStringList, QString>(
                 "name", "stored", "keyed", "heads", "pixels", "first", "key");
-        NEW_VENUE(v);
-        addMembers();
         QVERIFY(!SaveListColumns(u"frm'Test.lvwThis"_s, stored));
         QTreeWidget list;
         list.setColumnCount(7); // a list filled before keeps nothing of it
@@ -185,8 +192,6 @@ class TestLists : public QObject {
     }
 
     void newListTakesTheFieldsOfItsRecordSet() {
-        NEW_VENUE(v);
-        addMembers();
         const QString name = u"frmNew.lvw'This"_s;
         const Rows rows = DB().query(u"select MemberCode, MemberName, State, MemberCode from Member"_s);
         QTreeWidget list;
@@ -215,8 +220,6 @@ class TestLists : public QObject {
     void sortList() {
         auto [clicks, codes, section, descending] =
             fetch<QList<int>, QStringList, int, bool>("clicks", "codes", "section", "descending");
-        NEW_VENUE(v);
-        addMembers();
         DB().exec(u"insert into Member (MemberCode, MemberValue) values ('M03', 100)"_s);
         QVERIFY(!SaveListColumns(u"points"_s,
                                  {col(u"MemberCode"_s, u"编号"_s), col(u"MemberValue"_s, u"积分"_s)}));
@@ -231,8 +234,6 @@ class TestLists : public QObject {
     }
 
     void headerClicksSort() {
-        NEW_VENUE(v);
-        addMembers();
         QTreeWidget list;
         ShowList(&list, u"clicks"_s, members(), false);
         SortListOnHeaderClick(&list);
@@ -249,7 +250,6 @@ class TestLists : public QObject {
     // The column dialog as a list's menu opens it: moved, hidden, shown, resized and renamed
     // columns are stored on OK, nothing on Cancel.
     void columnDialogRoundTrip() {
-        NEW_VENUE(v);
         const QString name = u"frm'Test.lvwThis"_s;
         QList<ListColumnDef> start{col(u"MemberCode"_s, u"编号"_s), col(u"MemberName"_s, u"姓名"_s, 1500),
                                    col(u"State"_s, u"状态"_s, 900, true, u"1,0可用|1停用"_s),
@@ -310,7 +310,6 @@ class TestLists : public QObject {
     }
 
     void savingFailsWhole() {
-        NEW_VENUE(v);
         const QList<ListColumnDef> two{col(u"a"_s, u"甲"_s), col(u"b"_s, u"乙"_s)};
         QVERIFY(!SaveListColumns(u"l"_s, two));
         // A column twice breaks the unique index halfway: nothing changes.
@@ -341,8 +340,6 @@ class TestLists : public QObject {
     }
     void exports() {
         auto [excel, opened] = fetch<bool, bool>("excel", "opened");
-        NEW_VENUE(v);
-        addMembers();
         DB().exec(u"update Member set MemberName=? where MemberCode='M01'"_s, {u"张\t三\n"_s});
         QVERIFY(!SaveListColumns(u"export"_s,
                                  {col(u"MemberCode"_s, u"编号"_s, 0), col(u"MemberName"_s, u"姓名"_s, 1500),
@@ -364,7 +361,8 @@ class TestLists : public QObject {
 
         const QString path = excel ? ExportExcel(&list) : ExportText(&list);
         Desktop::setLauncher({});
-        QCOMPARE(QFileInfo(path).absolutePath(), QFileInfo(v.home() + u"/Export"_s).absoluteFilePath());
+        QCOMPARE(QFileInfo(path).absolutePath(),
+                 QFileInfo(m_venue->home() + u"/Export"_s).absoluteFilePath());
         QCOMPARE(started.size(), 1);
         QCOMPARE(started[0].first, excel ? Desktop::Program::DefaultApp : Desktop::Program::TextEditor);
         QCOMPARE(started[0].second, path);
@@ -407,7 +405,6 @@ class TestLists : public QObject {
     }
 
     void autoInput() {
-        NEW_VENUE(v);
         const QString type = u"DetailDescription"_s;
         for (const QString& value : {u"少冰"_s, u"it's hot"_s, u"少冰"_s, u"  "_s, u"it's hot"_s})
             SaveAutoInput(type, value);
@@ -440,7 +437,6 @@ class TestLists : public QObject {
     }
     void seededList() {
         QFETCH(int, seeded);
-        NEW_VENUE(v);
         const QString name = QString::fromUtf8(seededLists()[seeded].first);
         const Rows rows = seededLists()[seeded].second();
         QStringList fields = rows.columns();
@@ -466,14 +462,13 @@ class TestLists : public QObject {
     }
 
     void upgradeKeepsWhatTheVenueHas() {
-        NEW_VENUE(v);
         // A database of version 1, beside the test's own.
-        DbConfig config = v.config();
+        DbConfig config = m_venue->config();
         if (TestVenue::isPg()) {
             config.schema += u"v1"_s;
             DB().exec(u"DROP SCHEMA IF EXISTS "_s + config.schema + u" CASCADE"_s);
         } else {
-            config.file = QDir(v.home()).filePath(u"v1.db"_s);
+            config.file = QDir(m_venue->home()).filePath(u"v1.db"_s);
         }
         Db old;
         old.open(config);
