@@ -62,8 +62,6 @@ class TestCore : public QObject {
     void moneyArithmetic() {
         const Money a = Money::fromText(u"10.005"_s);
         QCOMPARE(a.raw(), qint64(100050));
-        QCOMPARE((a + Money::yuan(2)).raw(), qint64(120050));
-        QCOMPARE((a - Money::yuan(20)).toString2(), u"-10.00"_s); // -9.995, half away from zero
         QCOMPARE(Money::yuan(15).times(1.5).raw(), qint64(225000));
         QVERIFY(Money::yuan(1) < Money::fromRaw(10001));
     }

@@ -61,7 +61,6 @@ class TestRoomsSetup : public QObject {
         QTest::newRow("blank name") << "" << "  " << StandardTariff << noName << "txtAssortName";
         QTest::newRow("name checked first") << "" << "" << "" << noName << "txtAssortName";
         QTest::newRow("quotes and emoji") << "" << "O'Neil \"\\ 🎤" << StandardTariff << "" << "";
-        QTest::newRow("edit") << "t1" << "改名" << StandardTariff << "" << "";
         QTest::newRow("edit of a deleted type") << "gone" << "改名" << StandardTariff << RoomText::typeGone() << ""; // clang-format on
     }
     void roomType() {
