@@ -54,29 +54,6 @@ void setup(const char* key, const QString& value) {
     QVERIFY(SetSetup(QLatin1String(key), value));
 }
 
-// Two rooms, one on the standard tariff and one on a tariff that charges nothing, and goods
-// for the kitchen, the bar and both.
-void venue() {
-    DB().exec(u"insert into PayLevel (PayLevelID, PayLevelName, payType, AfterTime, Unit, NotOne, "
-              "PrivilegeTime, start1, "
-              "end1, Price1, MinMoney1) values ('free', '大厅免费', 1, 0, 30, 0, 0, 0, 24, 0, 0)"_s);
-    DB().exec(u"insert into TheAssort (AssortID, AssortName, PayLevelID) values ('a', '中包', ?), "
-              "('f', '大厅', 'free')"_s,
-              {Standard});
-    DB().exec(u"insert into The (TheID, TheCode, AssortID, State) values ('r1', 'B02', 'a', 0), "
-              "('r3', 'B03', 'a', 0), ('r2', 'K01', 'f', 0)"_s);
-    DB().exec(u"insert into WareType (WareTypeID, wareTypeName, isHC, isBT) values "
-              "('01', '啤酒', 0, 1), ('04', '小吃', 1, 0), ('05', '果盘', 1, 1)"_s);
-    DB().exec(u"insert into Ware (WareID, WareTypeID, WareCode, WareName, Price) values "
-              "('w1', '01', '1001', '青岛啤酒', 150000), ('w2', '04', '4001', '薯条', 280000), "
-              "('w3', '05', '5001', '小果盘', 580000), ('w4', '04', '4002', "
-              "'招牌香辣小龙虾拼盘（大份，加麻加辣）', 1280000)"_s);
-    AppState& a = App();
-    a.CompanyName = u"星澜KTV（滨江店）"_s;
-    a.CompanyAddress = u"滨江路88号"_s;
-    a.CompanyPhone = u"0571-88886666"_s;
-}
-
 void bill(const QString& id, const QString& room, const QString& open, int state = 1,
           const QString& close = {}, double theMoney = 0, double ought = 0, double no = 0, double fact = 0) {
     DB().exec(u"insert into Expense (ExpenseID, TheID, PayLevelID, payLevelType, IsUseMinMoney, OpenTime, "
@@ -195,11 +172,29 @@ class TestPrinting : public QObject {
         qputenv("XDG_CONFIG_HOME", m_config.path().toUtf8());
         InstallPrinting();
     }
-    // Each test starts on a fresh venue: the rooms, the goods and the company.
+    // Each test starts on a fresh venue: two rooms on the standard tariff and one on a tariff that
+    // charges nothing, goods for the kitchen, the bar and both, and the company.
     void init() {
         m_venue = std::make_unique<TestVenue>();
         OPEN_VENUE(*m_venue);
-        venue();
+        DB().exec(u"insert into PayLevel (PayLevelID, PayLevelName, payType, AfterTime, Unit, NotOne, "
+                  "PrivilegeTime, start1, "
+                  "end1, Price1, MinMoney1) values ('free', '大厅免费', 1, 0, 30, 0, 0, 0, 24, 0, 0)"_s);
+        DB().exec(u"insert into TheAssort (AssortID, AssortName, PayLevelID) values ('a', '中包', ?), "
+                  "('f', '大厅', 'free')"_s,
+                  {Standard});
+        DB().exec(u"insert into The (TheID, TheCode, AssortID, State) values ('r1', 'B02', 'a', 0), "
+                  "('r3', 'B03', 'a', 0), ('r2', 'K01', 'f', 0)"_s);
+        DB().exec(u"insert into WareType (WareTypeID, wareTypeName, isHC, isBT) values "
+                  "('01', '啤酒', 0, 1), ('04', '小吃', 1, 0), ('05', '果盘', 1, 1)"_s);
+        DB().exec(u"insert into Ware (WareID, WareTypeID, WareCode, WareName, Price) values "
+                  "('w1', '01', '1001', '青岛啤酒', 150000), ('w2', '04', '4001', '薯条', 280000), "
+                  "('w3', '05', '5001', '小果盘', 580000), ('w4', '04', '4002', "
+                  "'招牌香辣小龙虾拼盘（大份，加麻加辣）', 1280000)"_s);
+        AppState& a = App();
+        a.CompanyName = u"星澜KTV（滨江店）"_s;
+        a.CompanyAddress = u"滨江路88号"_s;
+        a.CompanyPhone = u"0571-88886666"_s;
     }
     void cleanup() { m_venue.reset(); }
     void layout_data() { // clang-format off
@@ -349,7 +344,6 @@ class TestPrinting : public QObject {
         QTest::newRow("checkout prints EndBillNum") << "checkout" << "3" << "1" << "-" << 3;
         QTest::newRow("EndBillNum 0 acts as 1") << "checkout" << "0" << "1" << "-" << 1;
         QTest::newRow("running bill once") << "mnuPrintExpense" << "3" << "1" << "-" << 1;
-        QTest::newRow("kitchen HCNum 2") << "kitchen" << "3" << "2" << "-" << 2;
         QTest::newRow("kitchen HCNum 0 prints none") << "kitchen" << "1" << "0" << "-" << 0;
         QTest::newRow("no BTNum no bar ticket") << "bar" << "1" << "1" << "-" << 0;
         QTest::newRow("BTNum of this workstation") << "bar" << "1" << "1" << "2" << 2; // clang-format on

@@ -20,12 +20,6 @@
 namespace {
 const QDateTime Day(QDate(2026, 11, 21), QTime(0, 0));
 
-void venue() {
-    addRoomType(u"a"_s, u"中包"_s);
-    addRoom(u"r1"_s, u"B02"_s, u"a"_s);
-    addRoom(u"r2"_s, u"K01"_s, u"a"_s);
-}
-
 // A bill as the bill query reads it; `voucher` 0 paid, 1 free, 2 deferred; no closing time
 // leaves it open.
 void bill(const QString& id, const QString& room, const QString& open, const QString& close, int voucher,
@@ -118,7 +112,9 @@ class TestReports : public QObject {
     void init() {
         m_venue = std::make_unique<TestVenue>();
         OPEN_VENUE(*m_venue);
-        venue();
+        addRoomType(u"a"_s, u"中包"_s);
+        addRoom(u"r1"_s, u"B02"_s, u"a"_s);
+        addRoom(u"r2"_s, u"K01"_s, u"a"_s);
     }
     void cleanup() { m_venue.reset(); }
     // Which bills each choice of settlements keeps, on a period with bills just inside and

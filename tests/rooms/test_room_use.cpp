@@ -5,13 +5,6 @@
 #include "fExpense.h"
 
 namespace {
-// Room type "b" on a second, dearer fixed tariff: 100 an hour, counted by the hour.
-void addDearType() {
-    DB().exec(u"insert into PayLevel (PayLevelID, PayLevelName, payType, Unit, NotOne, PrivilegeTime, "
-              "start1, end1, Price1, MinMoney1, PriceA1) values ('dear', '豪华', 0, 60, 0, 0, 0, 24, 100, "
-              "0, 100)"_s);
-    addRoomType(u"b"_s, u"豪华包"_s, u"dear"_s);
-}
 OpenHouseInput input(const QString& theID) {
     return {theID, u"生日会"_s, u"6"_s, u" 0815 "_s, u"20"_s, true, 1};
 }
@@ -37,11 +30,16 @@ class TestRoomUse : public QObject {
     std::unique_ptr<TestVenue> m_venue;
 
   private Q_SLOTS:
-    // Each test starts on a fresh venue with the room types 小包 (standard tariff) and 豪华包.
+    // Each test starts on a fresh venue with the room types 小包 on the standard tariff and 豪华包
+    // on a dearer fixed one: 100 an hour, counted by the hour.
     void init() {
         m_venue = std::make_unique<TestVenue>();
         OPEN_VENUE(*m_venue);
-        addDearType();
+        DB().exec(
+            u"insert into PayLevel (PayLevelID, PayLevelName, payType, Unit, NotOne, PrivilegeTime, "
+            "start1, end1, Price1, MinMoney1, PriceA1) values ('dear', '豪华', 0, 60, 0, 0, 0, 24, 100, "
+            "0, 100)"_s);
+        addRoomType(u"b"_s, u"豪华包"_s, u"dear"_s);
         addRoomType(u"a"_s, u"小包"_s);
     }
     void cleanup() { m_venue.reset(); }

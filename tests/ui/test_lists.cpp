@@ -26,13 +26,6 @@ ListColumnDef col(const QString& name, const QString& title, int width = 1000, b
     return {name, title, width, 0, show, rule, {}};
 }
 
-void addMembers() {
-    const QString sql = u"insert into Member (MemberCode, MemberName, State, chongzhi, AddDate, MemberValue) "
-                        "values (?, ?, ?, ?, ?, ?)"_s;
-    DB().exec(sql, {u"M01"_s, u"张三"_s, 0, qint64(0), u"2025-12-31 09:30"_s, 9.0});
-    DB().exec(sql, {u"M02"_s, u"O'Neil"_s, 1, qint64(1234500), u"2026-01-05 10:00"_s, 10.0});
-}
-
 Rows members() {
     return DB().query(u"select MemberCode, MemberName, State, chongzhi, AddDate, MemberValue from Member "
                       "order by MemberCode desc"_s);
@@ -115,7 +108,11 @@ class TestLists : public QObject {
     void init() {
         m_venue = std::make_unique<TestVenue>();
         OPEN_VENUE(*m_venue);
-        addMembers();
+        const QString sql =
+            u"insert into Member (MemberCode, MemberName, State, chongzhi, AddDate, MemberValue) "
+            "values (?, ?, ?, ?, ?, ?)"_s;
+        DB().exec(sql, {u"M01"_s, u"张三"_s, 0, qint64(0), u"2025-12-31 09:30"_s, 9.0});
+        DB().exec(sql, {u"M02"_s, u"O'Neil"_s, 1, qint64(1234500), u"2026-01-05 10:00"_s, 10.0});
     }
     void cleanup() { m_venue.reset(); }
     void formatShowValue_data() { // clang-format off
