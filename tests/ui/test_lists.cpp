@@ -135,8 +135,6 @@ class TestLists : public QObject {
         QTest::newRow("date without time") << "2,H" << QVariant(u"2026-11-21"_s) << "2026年11月21日 00:00";
         QTest::newRow("not a date") << "2,A" << QVariant(u"明天"_s) << "明天";
         QTest::newRow("money") << "3,0.00" << QVariant(qint64(123456)) << "12.35";
-        QTest::newRow("money, half away from zero") << "3,0.00" << QVariant(qint64(-50)) << "-0.01";
-        QTest::newRow("money, yuan sign") << "3,￥0.00" << QVariant(qint64(10000)) << "￥1.00";
         QTest::newRow("money, thousands") << "3,#,##0.00" << QVariant(qint64(12345678900000)) << "1,234,567,890.00";
         QTest::newRow("money, thousands, negative") << "3,￥#,##0" << QVariant(qint64(-12345670000)) << "￥-1,234,567";
         QTest::newRow("money, a sum as double") << "3,0.00" << QVariant(123456.0) << "12.35";
