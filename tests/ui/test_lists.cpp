@@ -197,11 +197,6 @@ class TestLists : public QObject {
                       "FormControlName=? order by ColOrder"_s,
                       {name}),
                  u"membercode|membercode|1000|1|Y\nmembername|membername|1000|2|Y\nstate|state|1000|3|Y"_s);
-        // Filled again, the stored columns serve as they are.
-        DB().exec(u"update FD_FormControl set coltitle='姓名' where colname='membername'"_s);
-        ShowList(&list, name, rows, false);
-        QCOMPARE(headers(list).at(1), u"姓名"_s);
-        QCOMPARE(count(u"select count(*) from FD_FormControl where FormControlName=?"_s, {name}), 3);
     }
 
     void sortList_data() { // clang-format off
