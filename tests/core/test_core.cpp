@@ -80,8 +80,6 @@ class TestCore : public QObject {
     void formatTextAndDates() {
         QCOMPARE(FormatText(u"abc"_s, u"@@@@@@@@"_s), u"     abc"_s);
         QCOMPARE(FormatText(u"123456789"_s, u"@@@@@@@@"_s), u"123456789"_s);
-        const QDateTime t(QDate(2024, 1, 31), QTime(21, 5, 40));
-        QCOMPARE(FormatDate(t, u"yyyyMMddhhmm"_s), u"202401312105"_s);
         QVERIFY(!ParseTime(u"gestern"_s).isValid());
     }
 

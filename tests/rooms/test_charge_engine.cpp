@@ -183,7 +183,6 @@ class TestChargeEngine : public QObject {
         row("buy-out of the opening period", fixedB, 60, 2, "17:30", "20:30", 0, "150");
         row("overtime in the period the buy-out ends in", fixedB, 60, 2, "16:00", "20:00", 0, "230");
         row("another mode counts as fixed", fixedB, 60, 2, "20:00", "23:00", 7, "200");
-        row("no unit, fixed rate overtime is free", fixedB, 0, 2, "20:00", "23:30", 0, "200");
 
         // Money brought in is added in every path.
         row("old money, free minutes", TariffA, 30, 1, "17:20", "17:22", 1, "5", 0, false, 5);
