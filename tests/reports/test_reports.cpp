@@ -122,7 +122,6 @@ class TestReports : public QObject {
     void choiceAndPeriod_data() { // clang-format off
         columns<bool, bool, bool, QString>("paid", "free", "deferred", "bills");
         QTest::newRow("all")             << true  << true  << true  << "e1 e2 e3 e4";
-        QTest::newRow("none is all")     << false << false << false << "e1 e2 e3 e4";
         QTest::newRow("paid")            << true  << false << false << "e1 e4";
         QTest::newRow("paid and free")   << true  << true  << false << "e1 e2 e4";
         QTest::newRow("paid, deferred")  << true  << false << true  << "e1 e3 e4";
@@ -296,7 +295,6 @@ class TestReports : public QObject {
         QTest::newRow("week")  << 1 << true << true << "chart_week";
         QTest::newRow("month") << 2 << true << true << "chart_month";
         QTest::newRow("paid only") << 0 << true << false << "2025-12-31 2026-01-04 2026-02-10";
-        QTest::newRow("free only") << 0 << false << true << "2026-01-01";
         QTest::newRow("none: the free line") << 0 << false << false << "2026-01-01"; // clang-format on
     }
     void chart() {
