@@ -205,9 +205,6 @@ class TestPrinting : public QObject {
         QTest::newRow("total too wide goes under") << 58
             << Receipt().total(u"消费合计（含包厢费及服务费）"_s, {}, u"123456.00"_s)
             << u"消费合计（含包厢费及服务费）：\n                       123456.00\n"_s;
-        QTest::newRow("spanned header") << 80
-            << Receipt().table({{u"项目"_s, 0, Align::Left}, {u"数量/金额"_s, 4, Align::Right}, {QString(), 8, Align::Right}}, {{u"薯条"_s, u"2"_s, u"56.00"_s}})
-            << u"项目                                   数量/金额\n" "薯条                                  2    56.00\n"_s;
         QTest::newRow("empty label takes no line") << 80 << Receipt().label(u"lblYM"_s, {}).rule() << QString(QString(48, u'-') + u'\n'); // clang-format on
     }
     void layout() {

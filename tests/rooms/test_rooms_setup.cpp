@@ -215,7 +215,6 @@ class TestRoomsSetup : public QObject {
         look(dlg, u"frmHouseAssort"_s);
         auto* name = child<QLineEdit>(dlg, "txtAssortName");
         auto* tariff = child<QComboBox>(dlg, "imgcmbAssort");
-        QCOMPARE((QList<int>{tariff->count(), tariff->currentIndex()}), (QList<int>{2, -1}));
 
         name->setText(u"豪华包"_s);
         QTest::mouseClick(child<QPushButton>(dlg, "cmdOK"), Qt::LeftButton);
