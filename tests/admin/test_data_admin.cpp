@@ -1,4 +1,3 @@
-// Backup, restore and purge; upgrade packs; goods import.
 #include "DataAdmin.h"
 #include "GoodsImport.h"
 #include "Schema.h"

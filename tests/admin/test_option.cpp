@@ -47,7 +47,6 @@ class TestOption : public QObject {
                      types->topLevelItem(0)->text(1),
                  u"标准计费|18-24点 买断价格:300元 计时价格:120|标准计费"_s);
         auto* rooms = child<QTreeWidget>(w, "lvwHouse");
-        QCOMPARE(rooms->topLevelItemCount(), 2);
         rooms->sortByColumn(0, Qt::AscendingOrder);
         // A lock runs out by itself: V01 still locked this minute, V02 free.
         QCOMPARE(rooms->topLevelItem(0)->text(2) + rooms->topLevelItem(1)->text(2), u"锁定空闲"_s);

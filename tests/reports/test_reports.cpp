@@ -1,4 +1,3 @@
-// The report windows: the bill query, income, rankings, the chart and the cashier's hand-over.
 #include "BusinessQueries.h"
 #include "FindService.h"
 #include "PrintQueue.h"
