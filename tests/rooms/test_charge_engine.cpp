@@ -260,7 +260,6 @@ class TestChargeEngine : public QObject {
         QTest::newRow("minimum not asked for") << "AMin" << 1 << "17:20" << "18:20" << "100" << false << 0.0 << "100" << "60" << 0;
         QTest::newRow("voided lines don't count") << "A1" << 1 << "17:20" << "17:59" << "12.3456 x50 0.0001"
             << false << 0.0 << "12.3457" << "30" << 0;
-        QTest::newRow("old money") << "A1" << 1 << "17:20" << "17:59" << "" << false << 5.5 << "0" << "35.5" << 0;
         QTest::newRow("stored decimals round to even") << "Dec" << 1 << "11:00" << "13:00" << "" << false << 0.0 << "0" << "178" << 0;
         QTest::newRow("tariff gone, by time") << "gone" << 1 << "17:20" << "19:35" << "8" << true << 0.0 << "8" << "0" << 1;
         QTest::newRow("tariff gone, fixed") << "gone" << 0 << "17:20" << "19:35" << "" << false << 5.0 << "0" << "5" << 1; // clang-format on

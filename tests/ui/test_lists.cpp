@@ -120,7 +120,6 @@ class TestLists : public QObject {
         const QString state = u"1,0可用|1停用"_s;
         const QVariant at(u"2026-11-21 20:05"_s);
         QTest::newRow("no rule") << "" << QVariant(u"O'Neil"_s) << "O'Neil";
-        QTest::newRow("no rule, null") << "" << QVariant() << "";
         QTest::newRow("list, first item") << state << QVariant(0) << "可用";
         QTest::newRow("list, later item") << state << QVariant(1) << "停用";
         QTest::newRow("list, no item") << state << QVariant(2) << "";
