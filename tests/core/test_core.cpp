@@ -52,13 +52,6 @@ class TestCore : public QObject {
         QCOMPARE(Money::fromRaw(raw).toYuan(), u"￥"_s + twoPlaces);
     }
 
-    void moneyArithmetic() {
-        const Money a = Money::fromText(u"10.005"_s);
-        QCOMPARE(a.raw(), qint64(100050));
-        QCOMPARE(Money::yuan(15).times(1.5).raw(), qint64(225000));
-        QVERIFY(Money::yuan(1) < Money::fromRaw(10001));
-    }
-
     void formatNumber_data() { // clang-format off
         columns<double, QString, QString>("value", "pattern", "text");
         QTest::newRow("decimal text rounds up") << 2.675 << "0.00" << "2.68";
