@@ -47,7 +47,6 @@ class TestOption : public QObject {
                      types->topLevelItem(0)->text(1),
                  u"标准计费|18-24点 买断价格:300元 计时价格:120|标准计费"_s);
         auto* rooms = child<QTreeWidget>(w, "lvwHouse");
-        QCOMPARE(rooms->topLevelItemCount(), 2);
         rooms->sortByColumn(0, Qt::AscendingOrder);
         // A lock runs out by itself: V01 still locked this minute, V02 free.
         QCOMPARE(rooms->topLevelItem(0)->text(2) + rooms->topLevelItem(1)->text(2), u"锁定空闲"_s);
@@ -115,11 +114,6 @@ class TestOption : public QObject {
         QCOMPARE(types->topLevelItemCount(), 2);
         QCOMPARE(types->topLevelItem(0)->text(2), u"是"_s);
         QCOMPARE(names(goods), (QStringList{u"啤酒"_s, u"红酒"_s, u"花生"_s}));
-        // Money in the list as the configured column shows it.
-        selectRow(goods, u"WareID"_s, u"w2"_s);
-        QCOMPARE(goods->currentItem()->text(ListColumn(goods, u"Price"_s)) + u'|' +
-                     goods->currentItem()->text(ListColumn(goods, u"WareTypeName"_s)),
-                 u"188.00|酒水"_s);
         // The goods of the chosen type only.
         selectType(types, u"02"_s);
         QCOMPARE(names(goods), QStringList{u"花生"_s});

@@ -151,9 +151,7 @@ class TestChargeEngine : public QObject {
         row("closing before opening", TariffA, 30, 0, "17:20", "16:00", 1, "0");
         row("seconds are ignored for the free minutes", TariffA, 30, 2, "17:20:50", "17:26:10", 1, "6");
 
-        // Exactly three units, the closing time with seconds: a tail of 0 minutes under any rule.
-        row("tail of 0 minutes, rule 0", TariffA, 30, 0, "17:20", "18:50:30", 1, "110");
-        row("tail of 0 minutes, rule 1", TariffA, 30, 1, "17:20", "18:50:30", 1, "110");
+        // Exactly three units, the closing time with seconds: a tail of 0 minutes, not of half a one.
         row("tail of 0 minutes, rule 2", TariffA, 30, 2, "17:20", "18:50:30", 1, "110");
         row("tail equal to the grace is free", TariffA, 30, 1, "17:20", "18:00", 1, "30");
         row("tail one over the grace", TariffA, 30, 1, "17:20", "18:01", 1, "60");
@@ -165,9 +163,7 @@ class TestChargeEngine : public QObject {
         row("a unit is priced by the period it starts in", TariffA, 30, 1, "17:50", "18:20", 1, "30");
         row("hours in no period cost nothing", u"10-24:60"_s, 30, 1, "02:00", "03:00", 1, "0");
         row("rule 0 floor in no period", u"10-24:60"_s, 30, 0, "02:00", "02:20", 1, "0");
-        row("through midnight", TariffA, 30, 1, "23:00", "2026-11-22 01:00", 1, "160");
         row("thirty hours pass the periods twice", TariffA, 30, 1, "12:00", "2026-11-22 18:00", 1, "2040");
-        row("a week", TariffA, 30, 1, "00:00", "2026-11-28 00:00", 1, "11760");
         row("decimals in the tariff round to even", u"0-12:88.5 12-24:89.5"_s, 60, 1, "11:00", "13:00", 1,
             "178");
         row("prices beyond 16 bits", u"0-24:40000"_s, 60, 1, "10:00", "12:00", 1, "80000");
@@ -187,7 +183,6 @@ class TestChargeEngine : public QObject {
         row("buy-out of the opening period", fixedB, 60, 2, "17:30", "20:30", 0, "150");
         row("overtime in the period the buy-out ends in", fixedB, 60, 2, "16:00", "20:00", 0, "230");
         row("another mode counts as fixed", fixedB, 60, 2, "20:00", "23:00", 7, "200");
-        row("no unit, fixed rate overtime is free", fixedB, 0, 2, "20:00", "23:30", 0, "200");
 
         // Money brought in is added in every path.
         row("old money, free minutes", TariffA, 30, 1, "17:20", "17:22", 1, "5", 0, false, 5);
@@ -196,9 +191,8 @@ class TestChargeEngine : public QObject {
         row("old money counts toward the minimum", withMinimum, 30, 1, "17:20", "18:20", 1, "200", 100, true,
             50);
 
-        // A unit of 0 or below charges no time instead of looping.
-        row("unit 0", TariffA, 0, 1, "17:20", "19:35", 1, "0");
-        row("negative unit", TariffA, -30, 0, "17:20", "19:35", 1, "0"); // clang-format on
+        // A unit of 0 charges no time instead of looping.
+        row("unit 0", TariffA, 0, 1, "17:20", "19:35", 1, "0"); // clang-format on
     }
     void roomMoney() {
         auto [periods, unit, notOne, open, close, payLevelType, goods, useMinMoney, oldMoney, expected] =
@@ -259,7 +253,6 @@ class TestChargeEngine : public QObject {
         // Worked examples again, now read from stored rows: each field of the tariff and the bill.
         QTest::newRow("by time over the period change") << "A1" << 1 << "17:20" << "19:35" << "" << false << 0.0 << "0" << "210" << 0;
         QTest::newRow("free minutes, before the hour floor") << "A0" << 1 << "17:20" << "17:24" << "" << false << 0.0 << "0" << "0" << 0;
-        QTest::newRow("tail within the grace") << "A1" << 1 << "17:20" << "17:59" << "" << false << 0.0 << "0" << "30" << 0;
         QTest::newRow("rule 0 hour floor") << "A0" << 1 << "17:20" << "17:45" << "" << false << 0.0 << "0" << "60" << 0;
         QTest::newRow("minimum spend") << "AMin" << 1 << "17:20" << "18:20" << "60 40" << true << 0.0 << "100" << "200" << 0;
         QTest::newRow("buy-out and overtime") << "B" << 0 << "20:00" << "23:30" << "" << false << 0.0 << "0" << "240" << 0;
@@ -267,7 +260,6 @@ class TestChargeEngine : public QObject {
         QTest::newRow("minimum not asked for") << "AMin" << 1 << "17:20" << "18:20" << "100" << false << 0.0 << "100" << "60" << 0;
         QTest::newRow("voided lines don't count") << "A1" << 1 << "17:20" << "17:59" << "12.3456 x50 0.0001"
             << false << 0.0 << "12.3457" << "30" << 0;
-        QTest::newRow("old money") << "A1" << 1 << "17:20" << "17:59" << "" << false << 5.5 << "0" << "35.5" << 0;
         QTest::newRow("stored decimals round to even") << "Dec" << 1 << "11:00" << "13:00" << "" << false << 0.0 << "0" << "178" << 0;
         QTest::newRow("tariff gone, by time") << "gone" << 1 << "17:20" << "19:35" << "8" << true << 0.0 << "8" << "0" << 1;
         QTest::newRow("tariff gone, fixed") << "gone" << 0 << "17:20" << "19:35" << "" << false << 5.0 << "0" << "5" << 1; // clang-format on
@@ -310,32 +302,18 @@ class TestChargeEngine : public QObject {
         QCOMPARE(fThe().GetLinkByID(u"R3"_s).first().text(u"PayLevelName"_s), QString());
     }
 
+    // The other states and the end of a lock are read through the board and the options' room
+    // list; here the states those never show. Now is 2026-11-21 20:00.
     void roomStatus_data() { // clang-format off
         columns<int, QString, QString, QString>("state", "other1", "key", "label");
-        // Now is 2026-11-21 20:00.
-        QTest::newRow("free") << 0 << "" << "Common" << "空闲";
-        QTest::newRow("in use") << 1 << "" << "Use" << "使用";
-        QTest::newRow("stopped") << 2 << "" << "Stop" << "停用";
         QTest::newRow("reserved") << 3 << "" << "Reservation" << "预定";
-        QTest::newRow("locked until later") << 4 << "2026-11-21 20:30" << "Lock" << "锁定";
-        QTest::newRow("lock ends this minute") << 4 << "2026-11-21 20:00" << "Lock" << "锁定";
-        QTest::newRow("lock ended a minute ago") << 4 << "2026-11-21 19:59" << "Common" << "空闲";
         QTest::newRow("lock end damaged") << 4 << "明天" << "Common" << "空闲";
         QTest::newRow("unknown state") << 9 << "2026-11-21 20:30" << "Common" << "空闲"; // clang-format on
     }
     void roomStatus() {
         auto [state, other1, key, label] =
             fetch<int, QString, QString, QString>("state", "other1", "key", "label");
-        qint64 stored = state;
-        QString lockEnd = other1;
-        // The table holds only the known states; others are checked on the values alone.
-        if (state >= 0 && state <= 4) {
-            DB().exec(u"update The set State=?, Other1=? where TheID='R3'"_s, {state, other1});
-            const Row r = fThe().GetByID(u"R3"_s).first();
-            stored = r.integer(u"State"_s);
-            lockEnd = r.text(u"Other1"_s);
-        }
-        const RoomStatusText s = RoomStatus(stored, lockEnd, Now());
+        const RoomStatusText s = RoomStatus(state, other1, Now());
         QCOMPARE(s.key + u'|' + s.label, key + u'|' + label);
     }
 };
