@@ -55,6 +55,16 @@ QString marker() {
 void setMarker(const QString& m) {
     DB().exec(u"update CompanyInfo set CompanyName=?"_s, {m});
 }
+// A copy of the venue's database, several pages long, taken while its marker reads
+// "备份时的数据".
+QString backUp(const TestVenue& v) {
+    addBulk(DB());
+    setMarker(u"备份时的数据"_s);
+    const QString file = v.home() + u"/DBBackup/chosen.db"_s;
+    if (const QString why = DataAdmin::BackupDatabase(file, false); !why.isEmpty())
+        qFatal("backup failed: %s", qPrintable(why));
+    return file;
+}
 
 const QString header = u"编号,名称,单位,助记码,售价,类别,库存,最低库存,进价"_s;
 
@@ -146,10 +156,7 @@ class TestDataAdmin : public QObject {
         auto [kind, says] = fetch<QString, QString>("kind", "says");
         if (TestVenue::isPg()) QSKIP("the server keeps its own backups");
         NEW_VENUE(v);
-        addBulk(DB());
-        setMarker(u"备份时的数据"_s);
-        const QString file = v.home() + u"/DBBackup/chosen.db"_s;
-        QCOMPARE(DataAdmin::BackupDatabase(file, false), QString());
+        const QString file = backUp(v);
         if (kind == u"text"_s) {
             QFile f(file);
             QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
@@ -197,10 +204,7 @@ class TestDataAdmin : public QObject {
         auto [step, expected] = fetch<int, QString>("step", "expected");
         if (TestVenue::isPg()) QSKIP("the server keeps its own backups");
         NEW_VENUE(v);
-        addBulk(DB());
-        setMarker(u"备份时的数据"_s);
-        const QString file = v.home() + u"/DBBackup/chosen.db"_s;
-        QCOMPARE(DataAdmin::BackupDatabase(file, false), QString());
+        const QString file = backUp(v);
         setMarker(u"后来的数据"_s);
         DB().close();
         // The restore runs in a process of its own that is killed at the step.
