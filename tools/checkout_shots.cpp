@@ -1,6 +1,7 @@
 // The checkout part of the screenshots: a bill settled by a gold member with part of it
 // from the stored value and the rest in cash, and the deferred bills found by the name of
 // the person who settles them, one of them chosen.
+#include "ShotSave.h"
 #include "CheckoutModel.h"
 #include "CheckoutService.h"
 #include "Clock.h"
@@ -19,13 +20,6 @@
 #include <cstdio>
 
 namespace {
-void saveWindow(QWidget* w, const QString& out, const QString& name) {
-    w->show();
-    QApplication::processEvents();
-    const QString path = QDir(out).filePath(name + QStringLiteral(".png"));
-    w->grab().save(path);
-    std::printf("%s\n", qPrintable(path));
-}
 
 QString billOfRoom(const char* code) {
     return DB()
@@ -89,7 +83,7 @@ void CheckoutShots(const QString& out) {
     factPay->setText(cash);
     Q_EMIT factPay->textEdited(cash);
     reportMessages("frmCloseHouse");
-    saveWindow(&close, out, QStringLiteral("frmCloseHouse"));
+    SaveShot(&close, out, QStringLiteral("frmCloseHouse"));
     close.hide();
 
     frmCloseHouse deferred;
@@ -104,6 +98,6 @@ void CheckoutShots(const QString& out) {
         std::fprintf(stderr, "no deferred bill found\n");
     }
     reportMessages("frmCloseHouse deferred");
-    saveWindow(&deferred, out, QStringLiteral("frmCloseHouse-deferred"));
+    SaveShot(&deferred, out, QStringLiteral("frmCloseHouse-deferred"));
     deferred.hide();
 }

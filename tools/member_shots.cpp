@@ -1,5 +1,6 @@
 // The members part of the screenshots: the member list searched with one member's
 // records, the member dialog, a top-up, the top-up list, the classes and the password.
+#include "ShotSave.h"
 #include "Clock.h"
 #include "StoredValueService.h"
 #include "frmChangePw.h"
@@ -17,13 +18,6 @@
 #include <cstdio>
 
 namespace {
-void saveWindow(QWidget* w, const QString& out, const QString& name) {
-    w->show();
-    QApplication::processEvents();
-    const QString path = QDir(out).filePath(name + QStringLiteral(".png"));
-    w->grab().save(path);
-    std::printf("%s\n", qPrintable(path));
-}
 } // namespace
 
 void MemberShots(const QString& out) {
@@ -41,37 +35,37 @@ void MemberShots(const QString& out) {
     auto* list = members.findChild<QTreeWidget*>(QStringLiteral("lvwThis"));
     const QList<QTreeWidgetItem*> li = list->findItems(QStringLiteral("8003"), Qt::MatchExactly, 0);
     if (!li.isEmpty()) list->setCurrentItem(li.first());
-    saveWindow(&members, out, QStringLiteral("frmMemberList"));
+    SaveShot(&members, out, QStringLiteral("frmMemberList"));
     members.prepare(true);
     members.findChild<QLineEdit*>(QStringLiteral("txtName"))->setText(QStringLiteral("李"));
     members.findChild<QPushButton*>(QStringLiteral("cmdFind"))->click();
-    saveWindow(&members, out, QStringLiteral("frmMemberList-pick"));
+    SaveShot(&members, out, QStringLiteral("frmMemberList-pick"));
 
     frmMember member;
     member.startEdit(QStringLiteral("8003"));
-    saveWindow(&member, out, QStringLiteral("frmMember"));
+    SaveShot(&member, out, QStringLiteral("frmMember"));
     frmMember newMember;
     newMember.startAdd();
-    saveWindow(&newMember, out, QStringLiteral("frmMember-add"));
+    SaveShot(&newMember, out, QStringLiteral("frmMember-add"));
 
     frmChongzhi topUp;
     topUp.prepare(QStringLiteral("8003"));
     topUp.findChild<QLineEdit*>(QStringLiteral("txtFactPay"))->setText(QStringLiteral("300"));
     topUp.findChild<QLineEdit*>(QStringLiteral("txtThisMemoney"))->setText(QStringLiteral("330"));
     topUp.findChild<QLineEdit*>(QStringLiteral("txtDesc"))->setText(QStringLiteral("充三百送三十"));
-    saveWindow(&topUp, out, QStringLiteral("frmChongzhi"));
+    SaveShot(&topUp, out, QStringLiteral("frmChongzhi"));
 
     frmChongzhiList topUpList;
     topUpList.prepare(2);
-    saveWindow(&topUpList, out, QStringLiteral("frmChongzhiList"));
+    SaveShot(&topUpList, out, QStringLiteral("frmChongzhiList"));
 
     frmSetupMember classes;
     classes.LoadData();
-    saveWindow(&classes, out, QStringLiteral("frmSetupMember"));
+    SaveShot(&classes, out, QStringLiteral("frmSetupMember"));
     frmMemberSetup memberClass;
     memberClass.startAdd();
-    saveWindow(&memberClass, out, QStringLiteral("frmMemberSetup"));
+    SaveShot(&memberClass, out, QStringLiteral("frmMemberSetup"));
     frmChangePw password;
     password.prepare(2, QStringLiteral("8003"));
-    saveWindow(&password, out, QStringLiteral("frmChangePw"));
+    SaveShot(&password, out, QStringLiteral("frmChangePw"));
 }

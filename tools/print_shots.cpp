@@ -1,5 +1,6 @@
 // The printing part of the screenshots: the slips on both rolls as the printer would put
 // them on paper, the window of the two bill styles and the print queue.
+#include "ShotSave.h"
 #include "Designs.h"
 #include "PrintQueue.h"
 #include "Printing.h"
@@ -19,11 +20,6 @@ void saveImage(const QImage& img, const QString& out, const QString& name) {
     std::printf("%s\n", qPrintable(path));
 }
 
-void saveWindow(QWidget* w, const QString& out, const QString& name) {
-    w->show();
-    QApplication::processEvents();
-    saveImage(w->grab().toImage(), out, name);
-}
 
 Receipt kitchenTicket() {
     ThisTicketData d;
@@ -64,7 +60,7 @@ void PrintShots(const QString& out, const QString& runningBill) {
         saveImage(ReceiptImage(topUp(), paper), out, QStringLiteral("slip-chongzhi-") + mm);
     }
     frmSeePrintType styles(Paper::mm80);
-    saveWindow(&styles, out, QStringLiteral("frmSeePrintType"));
+    SaveShot(&styles, out, QStringLiteral("frmSeePrintType"));
 
     // A running bill that went out and a kitchen ticket whose printer is down.
     SetSetup(QStringLiteral("Printer"), QStringLiteral("PDF:"));
@@ -77,5 +73,5 @@ void PrintShots(const QString& out, const QString& runningBill) {
     frmPrintQueue queue;
     queue.findChild<QCheckBox*>(QStringLiteral("chkUnprinted"))->setChecked(false);
     queue.selectJob(job);
-    saveWindow(&queue, out, QStringLiteral("frmPrintQueue"));
+    SaveShot(&queue, out, QStringLiteral("frmPrintQueue"));
 }

@@ -1,5 +1,6 @@
 // Renders the report windows on a venue with a history (the benchmarks' year venue does):
 // report_shots --home DIR --out DIR [--scale-note TEXT]
+#include "ShotSave.h"
 #include "AppInit.h"
 #include "AppState.h"
 #include "Clock.h"
@@ -13,7 +14,6 @@
 #include "frmFindIncome.h"
 #include <QComboBox>
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QDateTimeEdit>
 #include <QDir>
 #include <QRadioButton>
@@ -24,11 +24,7 @@
 namespace {
 QString g_out;
 void save(QWidget* w, const QString& name) {
-    w->show();
-    QApplication::processEvents();
-    const QString path = QDir(g_out).filePath(name + QStringLiteral(".png"));
-    w->grab().save(path);
-    std::printf("%s %dx%d\n", qPrintable(path), w->width(), w->height());
+    SaveShot(w, g_out, name);
 }
 template <class W> void search(W& w) {
     if constexpr (requires { w.LoadExpense(); })
@@ -43,14 +39,9 @@ template <class W> void search(W& w) {
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     InitResources();
-    QCommandLineParser cli;
-    QCommandLineOption home(QStringLiteral("home"), QStringLiteral("venue"), QStringLiteral("DIR"));
-    QCommandLineOption out(QStringLiteral("out"), QStringLiteral("folder"), QStringLiteral("DIR"));
-    cli.addOptions({home, out});
-    cli.process(app);
-    g_out = cli.value(out);
-    QDir().mkpath(g_out);
-    const QString dir = cli.value(home);
+    const ShotOptions opts = ParseShotOptions(app);
+    g_out = opts.out;
+    const QString dir = opts.home;
     AppInit(dir);
     Venue::openAndUpgrade(DB(), Venue::connection(dir));
     const QString last = DB().scalar(QStringLiteral("select max(CloseTime) from Expense")).toString();

@@ -1,4 +1,5 @@
 // Renders the program's windows to PNG files for a look: shots --home DIR --out DIR
+#include "ShotSave.h"
 #include "AppInit.h"
 #include "AppState.h"
 #include "Db.h"
@@ -59,7 +60,6 @@
 #include <QTabWidget>
 #include <QApplication>
 #include <QComboBox>
-#include <QCommandLineParser>
 #include <QDir>
 #include <QFontDatabase>
 #include <QLineEdit>
@@ -75,11 +75,7 @@ void CheckoutShots(const QString& out);
 namespace {
 QString g_out;
 void save(QWidget* w, const QString& name) {
-    w->show();
-    QApplication::processEvents();
-    const QString path = QDir(g_out).filePath(name + QStringLiteral(".png"));
-    w->grab().save(path);
-    std::printf("%s\n", qPrintable(path));
+    SaveShot(w, g_out, name);
 }
 // A busy evening on the demo venue: rooms in use with orders, one stopped, one being
 // cleaned, one reserved.
@@ -120,15 +116,10 @@ QString busyEvening() {
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     InitResources();
-    QCommandLineParser cli;
-    QCommandLineOption home(QStringLiteral("home"), QStringLiteral("venue"), QStringLiteral("DIR"));
-    QCommandLineOption out(QStringLiteral("out"), QStringLiteral("output"), QStringLiteral("DIR"));
-    cli.addOptions({home, out});
-    cli.process(app);
-    g_out = cli.value(out);
-    QDir().mkpath(g_out);
+    const ShotOptions opts = ParseShotOptions(app);
+    g_out = opts.out;
     if (QFontDatabase::hasFamily(QStringLiteral("Noto Sans CJK SC"))) QApplication::setFont(QFont(QStringLiteral("Noto Sans CJK SC"), 10));
-    const QString dir = Venue::resolveHome(cli.value(home));
+    const QString dir = Venue::resolveHome(opts.home);
     Venue::prepare(dir);
     AppInit(dir);
     Msg::installRecorder();

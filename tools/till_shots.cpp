@@ -1,6 +1,7 @@
 // The till as a cashier sees it on a given screen: till_shots --screen 1366x768 --out DIR
 // (with QT_SCALE_FACTOR for the scaling). The board maximized on a busy evening, the
 // checkout, the order window and the opening dialog, each as the screen fits it.
+#include "ShotSave.h"
 #include "AppInit.h"
 #include "Clock.h"
 #include "Db.h"
@@ -30,11 +31,7 @@ namespace {
 QString g_out;
 
 void save(QWidget* w, const QString& name) {
-    if (!w->isVisible()) w->show();
-    QApplication::processEvents();
-    const QString path = QDir(g_out).filePath(name + QStringLiteral(".png"));
-    w->grab().save(path);
-    std::printf("%s %dx%d\n", qPrintable(path), w->frameGeometry().width(), w->frameGeometry().height());
+    SaveShot(w, g_out, name);
 }
 
 QString roomID(const char* code) {
