@@ -49,3 +49,8 @@ void InstallBillTabs(QTabWidget* tabs, QTreeView* bills, QTreeView* sales, QPush
     }
     ExportButton(exportButton, [tabs, bills, sales] { return tabs->currentWidget()->isAncestorOf(sales) ? sales : bills; });
 }
+
+void ShowPeriodLists(QTreeView* bills, QTreeView* sales, const PeriodLists& lists) {
+    ShowPreparedRows(bills, lists.bills, true);
+    ShowPreparedRows(sales, lists.sales, true);
+}

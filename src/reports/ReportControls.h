@@ -1,5 +1,6 @@
 #pragma once
 #include "FindService.h"
+#include "RowsList.h"
 
 class QDateTimeEdit;
 class QPushButton;
@@ -27,3 +28,11 @@ VoucherChoice ChoiceOf(const QListWidget* list);
 // The bills and counter sales tabs of the bill and income queries: both lists on the lazy
 // model, sorted by a header click; the export button exports the list of the tab in front.
 void InstallBillTabs(QTabWidget* tabs, QTreeView* bills, QTreeView* sales, QPushButton* exportButton);
+
+// A period's bills and counter sales as the two tabs will show them, and the period's totals:
+// made ready on the query's thread, then shown at once.
+struct PeriodLists {
+    PreparedRows bills, sales;
+    FindTotals totals;
+};
+void ShowPeriodLists(QTreeView* bills, QTreeView* sales, const PeriodLists& lists);

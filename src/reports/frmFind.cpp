@@ -67,12 +67,7 @@ void frmFind::cmdFind_Click() {
     ClearRows(ui->lvwOutSale);
     const QDateTime start = ui->dtpStart->dateTime(), end = ui->dtpEnd->dateTime();
     const VoucherChoice choice = ChoiceOf(ui->lstState);
-    // The lists' columns, order and sums are made ready off the window's thread too.
-    struct Result {
-        PreparedRows bills, sales;
-        FindTotals totals;
-    };
-    auto result = std::make_shared<Result>();
+    auto result = std::make_shared<PeriodLists>();
     auto stage = std::make_shared<QString>(QStringLiteral("LoadExpense"));
     m_query->run(
         [=](Db& db) {
@@ -85,9 +80,8 @@ void frmFind::cmdFind_Click() {
             result->totals = FindService::totals(bills, sales);
         },
         [this, result] {
-            ShowPreparedRows(ui->lvwExpense, result->bills, true);
+            ShowPeriodLists(ui->lvwExpense, ui->lvwOutSale, *result);
             m_bills = result->bills.rows;
-            ShowPreparedRows(ui->lvwOutSale, result->sales, true);
             showTotals(result->totals);
         },
         [this, stage](const DbError& e) { Msg::critical(this, e.message(*stage, Form)); });

@@ -45,11 +45,7 @@ void frmFindIncome::cmdFind_Click() {
     ClearRows(ui->lvwOutSale);
     const QDateTime start = ui->dtpStart->dateTime(), end = ui->dtpEnd->dateTime();
     const VoucherChoice choice = ChoiceOf(ui->lstState);
-    struct Result {
-        PreparedRows bills, sales;
-        FindTotals totals;
-    };
-    auto result = std::make_shared<Result>();
+    auto result = std::make_shared<PeriodLists>();
     m_query->run(
         [=](Db& db) {
             const IncomeService s(db);
@@ -60,8 +56,7 @@ void frmFindIncome::cmdFind_Click() {
             result->totals = FindService::totals(bills, sales);
         },
         [this, result] {
-            ShowPreparedRows(ui->lvwExpense, result->bills, true);
-            ShowPreparedRows(ui->lvwOutSale, result->sales, true);
+            ShowPeriodLists(ui->lvwExpense, ui->lvwOutSale, *result);
             showTotals(result->totals);
         },
         [this](const DbError& e) { Msg::critical(this, e.message(QStringLiteral("cmdFind_Click"), Form)); });
