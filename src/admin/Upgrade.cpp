@@ -5,7 +5,6 @@
 #include "Log.h"
 #include "Val.h"
 #include <QDir>
-#include <QHash>
 
 namespace Upgrade {
 int CompareVersion(const QString& a, const QString& b) {
@@ -54,23 +53,5 @@ void RunSql(const QString& sql, Db& db) {
     }
     WriteLog(Now(), App().CurrentOperatorName, QStringLiteral("系统设置"), QStringLiteral("数据库操作"), 0,
              true, sql.left(1000), db);
-}
-
-int RecalcCommissions(Db& db) {
-    return db.write([&] {
-        QHash<QString, Money> rate;
-        for (const Row& w : db.query(QStringLiteral("select wareid, ticheng from ware")))
-            rate.insert(w.text(QStringLiteral("wareid")), w.money(QStringLiteral("ticheng")));
-        const Rows lines = db.query(
-            QStringLiteral("select DetailID, wareid, num from ExpenseDetail where Other1 is not null"));
-        for (const Row& l : lines) {
-            // Goods deleted since: no rate, no commission.
-            const Money m =
-                rate.value(l.text(QStringLiteral("wareid")), Money()).times(l.num(QStringLiteral("num")));
-            db.exec(QStringLiteral("update ExpenseDetail set TiChengMoney=? where DetailID=?"),
-                    {m, l.text(QStringLiteral("DetailID"))});
-        }
-        return lines.count();
-    });
 }
 } // namespace Upgrade

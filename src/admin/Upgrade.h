@@ -24,8 +24,4 @@ void ApplyPack(const Pack& pack, Db& db = DB());
 
 // Runs one statement typed by the operator and logs it, done or failed. Throws DbError.
 void RunSql(const QString& sql, Db& db = DB());
-
-// Today's commission rate of each line's goods times its quantity, for every line credited to
-// someone, in one transaction. Returns the lines rewritten. Throws DbError.
-int RecalcCommissions(Db& db = DB());
 } // namespace Upgrade

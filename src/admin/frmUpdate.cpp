@@ -1,5 +1,6 @@
 #include "frmUpdate.h"
 #include "AppState.h"
+#include "EmployeeService.h"
 #include "MessageBox.h"
 #include "Puissance.h"
 #include "Upgrade.h"
@@ -73,7 +74,7 @@ void frmUpdate::Command1_Click() {
             Msg::Icon::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
         return;
     try {
-        const int lines = Upgrade::RecalcCommissions();
+        const int lines = RecalcCommissionLines();
         Msg::info(this, lines == 0 ? QStringLiteral("计算完成！") : QStringLiteral("计算成功完成！"));
     } catch (const DbError&) {
         Msg::critical(this, QStringLiteral("计算过程发生错误！"));

@@ -91,25 +91,24 @@ Refused EmployeeService::remove(const QString& id) {
     return std::nullopt;
 }
 
+int RecalcCommissionLines(Db& db) {
+    // The per-unit rate is whole money, the quantity a number, rounded once per line as the
+    // order window does (ties to even).
+    return db.write([&] {
+        const Rows lines = db.query(QStringLiteral(
+            "select d.DetailID, d.num, coalesce(w.tiCheng, 0) as rate from ExpenseDetail d "
+            "left join Ware w on w.WareID=d.WareID where d.Other1 is not null"));
+        for (const Row r : lines)
+            db.exec(QStringLiteral("update ExpenseDetail set TiChengMoney=? where DetailID=?"),
+                    {r.money(QStringLiteral("rate")).times(r.num(QStringLiteral("num"))),
+                     r.text(QStringLiteral("DetailID"))});
+        return lines.count();
+    });
+}
+
 CommissionRun EmployeeService::recalcCommissions() {
     try {
-        const qint64 credited =
-            m_db.scalar(QStringLiteral("select count(*) from ExpenseDetail where Other1 is not null"))
-                .toLongLong();
-        if (credited == 0) return CommissionRun::NothingToDo;
-        // One statement over all lines: the rate of goods deleted since counts as 0. The
-        // per-unit rate is whole money, the quantity a number, rounded once per line as the
-        // order window does (ties to even).
-        m_db.write([&] {
-            const Rows lines = m_db.query(QStringLiteral(
-                "select d.DetailID, d.num, coalesce(w.tiCheng, 0) as rate from ExpenseDetail d "
-                "left join Ware w on w.WareID=d.WareID where d.Other1 is not null"));
-            for (const Row r : lines)
-                m_db.exec(QStringLiteral("update ExpenseDetail set TiChengMoney=? where DetailID=?"),
-                          {r.money(QStringLiteral("rate")).times(r.num(QStringLiteral("num"))),
-                           r.text(QStringLiteral("DetailID"))});
-        });
-        return CommissionRun::Done;
+        return RecalcCommissionLines(m_db) == 0 ? CommissionRun::NothingToDo : CommissionRun::Done;
     } catch (const DbError&) {
         return CommissionRun::Failed;
     }

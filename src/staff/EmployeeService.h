@@ -28,6 +28,12 @@ struct EmployeeSaved {
 
 enum class CommissionRun { NothingToDo, Done, Failed };
 
+// Today's commission rate of each line's goods times its quantity, for every line credited to
+// someone (an empty name and voided lines included; goods deleted since give 0), in one
+// transaction. Each line is computed from scratch, so a second run gives the same figures.
+// Returns the lines rewritten. Throws DbError.
+int RecalcCommissionLines(Db& db = DB());
+
 // Employees: the staff a sale can be credited to. They do not sign in.
 class EmployeeService {
   public:
@@ -42,9 +48,8 @@ class EmployeeService {
     // Old bill lines keep the name; nothing refers to the row.
     Refused remove(const QString& id);
 
-    // Today's commission per unit applied to every line credited to somebody, voids, gifts
-    // and settled bills included; lines of goods deleted since drop to 0. Each line is
-    // computed from scratch, so a second run gives the same figures.
+    // RecalcCommissionLines for the employee list: nothing to do when no line is credited,
+    // and a database error as Failed.
     CommissionRun recalcCommissions();
 
   private:

@@ -1,6 +1,5 @@
 #include "EmployeeService.h"
 #include "TestKit.h"
-#include "Upgrade.h"
 #include "frmEmployeeList.h"
 
 namespace {
@@ -77,7 +76,7 @@ class TestEmployees : public QObject {
         EmployeeService s;
         const auto run = [&](int lines) {
             if (upgrade)
-                QCOMPARE(Upgrade::RecalcCommissions(), lines);
+                QCOMPARE(RecalcCommissionLines(), lines);
             else
                 QCOMPARE(s.recalcCommissions(), lines ? CommissionRun::Done : CommissionRun::NothingToDo);
         };
